@@ -1,0 +1,122 @@
+#include "app/Installer.hpp"
+
+#include <cstdlib>
+#include <system_error>
+#include <unordered_set>
+#include <vector>
+
+#include "base/CodePage.hpp"
+#include "base/HostFile.hpp"
+
+#if defined(_WIN32)
+#define WIN32_LEAN_AND_MEAN
+#define NOMINMAX
+#include <windows.h>
+#endif
+
+namespace karvel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool isDataTree(const fs::path& directory)
+{
+    std::error_code error;
+    return fs::is_regular_file(directory / "dizio.txt", error) && fs::is_directory(directory / "GR", error);
+}
+
+[[noreturn]] void fail(const std::error_code& error)
+{
+    if (error == std::errc::no_space_on_device || error == std::errc::file_too_large) {
+        throw RuntimeError(ErrorNumber::DiskFull);
+    }
+    throw RuntimeError(error == std::errc::io_error ? ErrorNumber::DeviceIo : ErrorNumber::PermissionDenied);
+}
+
+/// Copies by way of a name of its own, so that an interrupted copy never looks like the file.
+void copyWhole(const fs::path& from, const fs::path& to)
+{
+    fs::path beside = to;
+    beside += ".~" + std::to_string(processNumber());
+    std::error_code error;
+    fs::copy_file(from, beside, fs::copy_options::overwrite_existing, error);
+    if (!error) {
+        // A tree installed for everyone is read-only; the user's own copy is not.
+        fs::permissions(beside, fs::perms::owner_write, fs::perm_options::add, error);
+        fs::rename(beside, to, error);
+    }
+    if (error) {
+        std::error_code ignored;
+        fs::remove(beside, ignored);
+        fail(error);
+    }
+}
+
+std::size_t copyMissing(const fs::path& from, const std::string& systemPath, const Drives& drives)
+{
+    const fs::path to = drives.toHost(systemPath);
+    std::error_code error;
+    fs::create_directories(to, error);
+    if (error) {
+        fail(error);
+    }
+    std::unordered_set<std::string> present;
+    for (const auto& entry : fs::directory_iterator(to, error)) {
+        present.insert(upperCase(utf8Path(entry.path().filename())));
+    }
+    std::size_t copied = 0;
+    for (const auto& entry : fs::directory_iterator(from, error)) {
+        const std::string name = utf8Path(entry.path().filename());
+        if (entry.is_directory()) {
+            copied += copyMissing(entry.path(), systemPath + "\\" + name, drives);
+        } else if (!present.contains(upperCase(name))) {
+            copyWhole(entry.path(), to / entry.path().filename());
+            ++copied;
+        }
+    }
+    if (error) {
+        fail(error);
+    }
+    return copied;
+}
+
+}  // namespace
+
+fs::path ownProgram()
+{
+#if defined(_WIN32)
+    std::wstring name(32768, L'\0');
+    name.resize(::GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size())));
+    return {name};
+#else
+    std::error_code error;
+    return fs::read_symlink("/proc/self/exe", error);
+#endif
+}
+
+std::optional<fs::path> findDataTree(const fs::path& program)
+{
+    if (const char* const given = std::getenv("KARVEL_DATA"); given != nullptr && *given != '\0') {
+        return isDataTree(hostPath(given)) ? std::optional(hostPath(given)) : std::nullopt;
+    }
+    const fs::path directory = program.parent_path();
+    std::vector<fs::path> candidates = {directory / "data",
+                                        directory.parent_path() / "share" / "karvel" / "tree"};
+    for (fs::path above = directory; above != above.parent_path(); above = above.parent_path()) {
+        candidates.push_back(above / "data" / "tree");
+    }
+    for (const fs::path& candidate : candidates) {
+        if (isDataTree(candidate)) {
+            return candidate;
+        }
+    }
+    return std::nullopt;
+}
+
+std::size_t installTree(const fs::path& tree, const Drives& drives)
+{
+    return copyMissing(tree, "C:\\programmi\\Karvel", drives);
+}
+
+}  // namespace karvel

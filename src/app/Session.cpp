@@ -1,0 +1,42 @@
+#include "app/Session.hpp"
+
+#include <utility>
+
+namespace karvel {
+
+Session::Session(FileSystem files, Pictures& pictures, UserInterface& ui, WindowOpener& windows)
+    : files_(std::move(files)),
+      pictures_(pictures),
+      ui_(ui),
+      windows_(windows),
+      display_(files_, pictures_, ui_, images_, modeSwitch_),
+      insertion_(display_),
+      palette_(pictures_, ui_, images_, modeSwitch_, display_, insertion_)
+{
+}
+
+void Session::showPicture(const std::string& name)
+{
+    const bool absolute = name.starts_with('/') || (name.size() > 2 && name[1] == ':');
+    for (const std::string& path : {absolute ? name : std::string(), installed(name)}) {
+        if (!path.empty() && pictures_.canLoad(path)) {
+            windows_.openPicture(path, name);
+            return;
+        }
+    }
+    windows_.openPicture({}, name);
+}
+
+void Session::search()
+{
+    windows_.raiseMagnifier();
+    if (display_.DisplayCodes().empty()) {
+        windows_.openItalian();
+        return;
+    }
+    // A copy: the phrase stays what was searched for while a box is open.
+    const std::string phrase = display_.DisplayCodes();
+    TranslationLookup(files_, ui_, *this, last_).run(modes_.SearchMode(), phrase);
+}
+
+}  // namespace karvel

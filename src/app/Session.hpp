@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "app/WindowOpener.hpp"
+#include "base/FileSystem.hpp"
+#include "base/Pictures.hpp"
+#include "base/UserInterface.hpp"
+#include "compose/DisplayLine.hpp"
+#include "compose/MissingSignMode.hpp"
+#include "compose/Palette.hpp"
+#include "compose/SignImages.hpp"
+#include "dictionary/DictionaryEntry.hpp"
+#include "dictionary/SearchModes.hpp"
+#include "dictionary/TranslationLookup.hpp"
+#include "settings/Colours.hpp"
+
+namespace karvel {
+
+/// Owns every piece of state that the windows share, and wires the pieces together.
+class Session : private ResultView {
+  public:
+    /// All four must outlive the session.
+    Session(FileSystem files, Pictures& pictures, UserInterface& ui, WindowOpener& windows);
+
+    [[nodiscard]] const FileSystem& files() const { return files_; }
+    [[nodiscard]] Pictures& pictures() { return pictures_; }
+    [[nodiscard]] UserInterface& ui() { return ui_; }
+    [[nodiscard]] WindowOpener& windows() { return windows_; }
+
+    [[nodiscard]] SearchModes& modes() { return modes_; }
+    [[nodiscard]] SignImages& images() { return images_; }
+    [[nodiscard]] DisplayLine& display() { return display_; }
+    [[nodiscard]] Palette& palette() { return palette_; }
+    [[nodiscard]] Insertion& insertion() { return insertion_; }
+    [[nodiscard]] Colours& colours() { return colours_; }
+    [[nodiscard]] LastResult& last() { return last_; }
+    [[nodiscard]] ResultView& resultView() { return *this; }
+
+    /// The number of the favourites page. Kept: "Visualizza codice" counts in it, so that after that view the
+    /// page buttons go on from the count.
+    std::int16_t FavouritePage = 0;
+    /// The first panel of the status bar; start-up alone writes it.
+    std::string termsPanel;
+
+    /// The search button: translates the phrase in the current mode, or opens the Italian search when nothing
+    /// is composed. Throws RuntimeError as the mode's search does.
+    void search();
+
+  private:
+    /// Lets composing switch the missing-sign search on and off.
+    class ModeSwitch : public MissingSignMode {
+      public:
+        explicit ModeSwitch(SearchModes& modes) : modes_(modes) {}
+        [[nodiscard]] bool active() const override { return modes_.is(Mode::MissingSign); }
+        void activate() override { modes_.activateMissingSign(); }
+        void leave() override { modes_.leaveMissingSign(); }
+
+      private:
+        SearchModes& modes_;
+    };
+
+    void showFound(std::string_view signs) override { display_.showFound(signs); }
+    void showPicture(const std::string& name) override;
+
+    FileSystem files_;
+    Pictures& pictures_;
+    UserInterface& ui_;
+    WindowOpener& windows_;
+
+    SearchModes modes_;
+    ModeSwitch modeSwitch_{modes_};
+    SignImages images_;
+    Colours colours_;
+    LastResult last_;
+    DisplayLine display_;
+    Insertion insertion_;
+    Palette palette_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "app/Session.hpp"
+
+namespace karvel {
+
+/// "Visualizza codice": the current sign's code and the entry count, which ends up in `FavouritePage`.
+/// A failure of the count is reported first; the view then shows the count reached.
+void showCode(Session& session);
+
+/// "Visualizza codice frase": the whole phrase and its number of signs.
+void showPhrase(Session& session);
+
+/// The menu "Esci": true when the user wants to leave.
+[[nodiscard]] bool confirmExit(UserInterface& ui);
+
+/// The close box of the main window: the same question with an icon.
+[[nodiscard]] bool confirmClose(UserInterface& ui);
+
+}  // namespace karvel

@@ -1,0 +1,136 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "base/RuntimeError.hpp"
+
+namespace karvel {
+
+/// Bytes that are read once, front to back.
+class ByteSource {
+  public:
+    virtual ~ByteSource() = default;
+
+    /// Fills the front of `buffer`; returns the number of bytes, 0 only at the end.
+    /// Throws RuntimeError when the device fails.
+    virtual std::size_t read(std::span<char> buffer) = 0;
+
+    /// The size in bytes as far as it is known, else 0.
+    [[nodiscard]] virtual std::uint64_t size() const = 0;
+};
+
+/// A text in memory; it must outlive the source.
+class TextSource : public ByteSource {
+  public:
+    explicit TextSource(std::string_view text) : text_(text) {}
+    std::size_t read(std::span<char> buffer) override;
+    [[nodiscard]] std::uint64_t size() const override { return text_.size(); }
+
+  private:
+    std::string_view text_;
+    std::size_t at_ = 0;
+};
+
+/// Tells somebody how far a source has been read, and stops when told to.
+class WatchedSource : public ByteSource {
+  public:
+    /// Bytes read so far, bytes in all (0: unknown); false stops the reading.
+    using Watcher = std::function<bool(std::uint64_t, std::uint64_t)>;
+
+    WatchedSource(std::unique_ptr<ByteSource> source, Watcher watcher);
+
+    /// Throws ReadingStopped when the watcher says so.
+    std::size_t read(std::span<char> buffer) override;
+    [[nodiscard]] std::uint64_t size() const override { return source_->size(); }
+
+  private:
+    std::unique_ptr<ByteSource> source_;
+    Watcher watcher_;
+    std::uint64_t done_ = 0;
+};
+
+/// Reads delimited fields: parted by commas and line ends, in double quotes or bare.
+///
+/// Blanks before a field are skipped. A field that begins with a double quote runs to the next one,
+/// whatever stands between, and then up to and including the next comma or line end. Any other field runs
+/// to the next comma or line end, its trailing blanks dropped. A line end is CR LF, LF or CR. An empty line
+/// is one empty field.
+///
+/// Fields are bytes of the file's code page. Memory is constant: one window of the source, wider only
+/// where a single group of fields is.
+class FieldReader {
+  public:
+    static constexpr std::size_t kWindow = 256 * 1024;
+
+    /// `source` must outlive the reader.
+    explicit FieldReader(ByteSource& source, std::size_t window = kWindow);
+
+    /// True when no byte is left.
+    [[nodiscard]] bool atEnd();
+
+    /// The next field; valid until the next call. Throws RuntimeError 62 when nothing is left or a quote is
+    /// never closed, and what the source throws.
+    [[nodiscard]] std::string_view field();
+
+    /// The next `fields.size()` fields, valid together until the next call. Throws like `field`.
+    void fields(std::span<std::string_view> fields);
+
+    /// The fast way for the usual record: four quoted fields, each on a line of its own, wholly in the
+    /// window. False leaves everything as it is, views handed out before included; `fields` then reads any
+    /// form.
+    [[nodiscard]] bool recordInWindow(std::array<std::string_view, 4>& fields);
+
+    /// Skips blanks and line ends when nothing else follows; true when the end was reached so.
+    /// Otherwise nothing is lost: the empty lines skipped are still read as empty fields.
+    [[nodiscard]] bool atEndButBlankLines();
+
+    /// The next field as a number rounded to a whole one, halves to the even one; text that is no number is
+    /// 0. Throws RuntimeError 6 when it does not fit into `Integer`, and like `field`.
+    template <typename Integer>
+    [[nodiscard]] Integer number()
+    {
+        return static_cast<Integer>(
+            wholeNumber(std::numeric_limits<Integer>::min(), std::numeric_limits<Integer>::max()));
+    }
+
+    /// After an error 62: true when the end was met inside double quotes.
+    [[nodiscard]] bool insideQuote() const { return insideQuote_; }
+
+    /// Bytes consumed so far.
+    [[nodiscard]] std::uint64_t position() const { return discarded_ + at_; }
+
+  private:
+    struct Slice {
+        std::size_t begin;  ///< counted from keep_
+        std::size_t length;
+    };
+
+    Slice next();
+    Slice bareField();
+    void endOfQuotedField();
+    [[nodiscard]] const char* quotedFieldInWindow(const char* at, std::string_view& field) const;
+    bool more();
+    [[nodiscard]] std::int64_t wholeNumber(std::int64_t lowest, std::int64_t highest);
+    [[nodiscard]] bool have() { return at_ < end_ || more(); }
+    void lineEndAfterCr();
+
+    ByteSource& source_;
+    std::size_t capacity_;
+    std::unique_ptr<char[]> buffer_;
+    std::size_t keep_ = 0;  ///< bytes before this one are no longer needed
+    std::size_t at_ = 0;
+    std::size_t end_ = 0;
+    std::uint64_t discarded_ = 0;
+    bool insideQuote_ = false;
+    std::uint64_t emptyLines_ = 0;  ///< skipped empty lines that are still to be handed out as fields
+};
+
+}  // namespace karvel

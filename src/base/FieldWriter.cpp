@@ -1,0 +1,36 @@
+#include "base/FieldWriter.hpp"
+
+#include "base/CodePage.hpp"
+
+namespace karvel {
+
+namespace {
+
+std::string printed(std::int64_t number)
+{
+    return (number < 0 ? "" : " ") + std::to_string(number);
+}
+
+}  // namespace
+
+std::string fieldLine(std::string_view utf8)
+{
+    return encode(utf8) + "\r\n";
+}
+
+std::string quotedLine(std::string_view utf8)
+{
+    return "\"" + encode(utf8) + "\"\r\n";
+}
+
+std::string numberLine(std::int64_t number)
+{
+    return printed(number) + "\r\n";
+}
+
+std::string spacedNumberLine(std::int64_t number)
+{
+    return printed(number) + " \r\n";
+}
+
+}  // namespace karvel

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace karvel {
+
+/// Lines as the system's files hold them. All text is UTF-8 in, bytes of the code page out.
+
+/// A bare field on a line of its own.
+[[nodiscard]] std::string fieldLine(std::string_view utf8);
+
+/// A field in double quotes on a line of its own. The text must hold no double quote.
+[[nodiscard]] std::string quotedLine(std::string_view utf8);
+
+/// A number on a line of its own, a blank where the minus sign would stand.
+[[nodiscard]] std::string numberLine(std::int64_t number);
+
+/// The same with the blank that a print statement leaves behind a number.
+[[nodiscard]] std::string spacedNumberLine(std::int64_t number);
+
+}  // namespace karvel

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace karvel {
+
+/// Answers whether the image at a path can be shown. Decoding and scaling are the window layer's.
+class Pictures {
+  public:
+    virtual ~Pictures() = default;
+
+    /// `systemPath` is a path in the system's own form, UTF-8. Never throws: an image that is missing,
+    /// unreadable or no image is simply not loadable.
+    [[nodiscard]] virtual bool canLoad(const std::string& systemPath) = 0;
+};
+
+}  // namespace karvel

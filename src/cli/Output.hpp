@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "dictionary/DictionaryEntry.hpp"
+
+namespace karvel::cli {
+
+/// Standard output in large pieces.
+class Output {
+  public:
+    ~Output() { flush(); }
+    Output() = default;
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    /// Signs, translation, transliteration and note as stored, parted by tabs, on one line.
+    void entry(const RawRecord& record);
+    void line(std::string_view utf8);
+    void flush();
+
+  private:
+    std::string pending_;
+};
+
+}  // namespace karvel::cli

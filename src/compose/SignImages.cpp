@@ -1,0 +1,14 @@
+#include "compose/SignImages.hpp"
+
+#include "base/CodePage.hpp"
+
+namespace karvel {
+
+void SignImages::restore(const FileSystem& files)
+{
+    const auto source = files.open(kGlyphDirectoryPath);
+    FieldReader fields(*source);
+    directory_ = decode(fields.field());
+}
+
+}  // namespace karvel

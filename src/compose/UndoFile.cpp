@@ -1,0 +1,41 @@
+#include "compose/UndoFile.hpp"
+
+#include <algorithm>
+
+#include "base/CodePage.hpp"
+#include "base/FieldWriter.hpp"
+#include "base/SignCode.hpp"
+#include "compose/DisplayLine.hpp"
+
+namespace karvel {
+
+void saveUndo(const FileSystem& files, const UndoState& state)
+{
+    // Written before every sign: it must survive the program's end, but need not wait for the disk.
+    files.replace(kUndoPath,
+                  fieldLine("file undo") + fieldLine(state.DisplayCodes) +
+                      spacedNumberLine(state.DisplayCount) + spacedNumberLine(state.FirstVisibleOffset) +
+                      spacedNumberLine(state.InsertPosition),
+                  Durability::Process);
+}
+
+UndoState loadUndo(const FileSystem& files)
+{
+    const auto source = files.open(kUndoPath);
+    FieldReader fields(*source);
+    UndoState state;
+    (void)fields.field();  // the header is for people who open the file
+    state.DisplayCodes = decode(fields.field());
+    state.DisplayCount = fields.number<std::uint8_t>();
+    state.FirstVisibleOffset = fields.number<std::int16_t>();
+    state.InsertPosition = fields.number<std::int16_t>();
+    // Any printable text is taken: a favourite from another directory may have put unknown codes into the
+    // phrase.
+    const bool printable = std::ranges::none_of(state.DisplayCodes, [](char c) { return c >= 0 && c < ' '; });
+    if (!printable || state.DisplayCodes.size() > DisplayLine::kLimit * kCodeLength) {
+        throw RuntimeError(ErrorNumber::TypeMismatch);
+    }
+    return state;
+}
+
+}  // namespace karvel

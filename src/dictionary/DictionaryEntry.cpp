@@ -1,0 +1,12 @@
+#include "dictionary/DictionaryEntry.hpp"
+
+#include "base/CodePage.hpp"
+
+namespace karvel {
+
+DictionaryEntry RawRecord::decoded() const
+{
+    return {decode(signs), decode(translation), decode(transliteration), decode(note)};
+}
+
+}  // namespace karvel

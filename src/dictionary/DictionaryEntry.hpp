@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace karvel {
+
+/// Where the dictionary is.
+inline constexpr std::string_view kDictionaryPath = "C:\\programmi\\Karvel\\dizio.txt";
+
+/// One record of the dictionary, UTF-8.
+struct DictionaryEntry {
+    std::string signs;            ///< sign codes, three characters each, without separators
+    std::string translation;      ///< Italian
+    std::string transliteration;  ///< or a grammatical correspondence
+    std::string note;             ///< a "*" first makes the rest the name of a picture
+
+    friend bool operator==(const DictionaryEntry&, const DictionaryEntry&) = default;
+};
+
+/// The same as it stands in the file: bytes of the code page, owned by whoever read them.
+struct RawRecord {
+    std::string_view signs;
+    std::string_view translation;
+    std::string_view transliteration;
+    std::string_view note;
+
+    [[nodiscard]] DictionaryEntry decoded() const;
+};
+
+/// What every search leaves behind for printing, for the insertion dialog and for the name transcription:
+/// the record read last, whether or not it matched.
+struct LastResult {
+    std::string translation;
+    std::string note;
+    std::string foundCodes;  ///< the signs found last by the Italian search or made by a transcription
+};
+
+}  // namespace karvel

@@ -1,0 +1,51 @@
+#include "dictionary/Lookup.hpp"
+
+#include <cstring>
+
+namespace karvel {
+
+MatchRule::MatchRule(std::uint8_t mode, std::string_view phrase) : first_(phrase)
+{
+    switch (static_cast<Mode>(mode)) {
+        case Mode::Equal:
+            kind_ = Kind::Equal;
+            break;
+        case Mode::StartsWith:
+            kind_ = Kind::Ends;
+            break;
+        case Mode::EndsWith:
+            kind_ = Kind::Ends;
+            second_.swap(first_);
+            break;
+        case Mode::MissingSign: {
+            // Kept: no length is tested, so the missing sign stands for any number of signs, none included,
+            // and its two neighbours may overlap in a short entry. Only the first one counts.
+            const std::size_t missing = phrase.find(kMissingSign);
+            kind_ = missing == std::string_view::npos ? Kind::Never : Kind::Ends;
+            if (kind_ == Kind::Ends) {
+                second_ = phrase.substr(missing + kMissingSign.size());
+                first_.resize(missing);
+            }
+            break;
+        }
+        default:
+            kind_ = Kind::Contains;
+    }
+}
+
+bool MatchRule::contains(std::string_view signs) const
+{
+    // Entries are a handful of signs: stepping through them beats setting up a general search.
+    const std::size_t length = first_.size();
+    if (length == 0) {
+        return true;
+    }
+    for (std::size_t at = 0; at + length <= signs.size(); ++at) {
+        if (signs[at] == first_[0] && std::memcmp(signs.data() + at, first_.data(), length) == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace karvel

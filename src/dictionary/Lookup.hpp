@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/SignCode.hpp"
+#include "dictionary/RecordReader.hpp"
+#include "dictionary/SearchModes.hpp"
+
+namespace karvel {
+
+/// Tells whether a record's signs satisfy a phrase in one of the search modes.
+class MatchRule {
+  public:
+    /// `phrase` holds sign codes. `mode` may be any value: unknown ones, and Split, compare like Contains.
+    MatchRule(std::uint8_t mode, std::string_view phrase);
+
+    [[nodiscard]] bool matches(std::string_view signs) const
+    {
+        switch (kind_) {
+            case Kind::Equal:
+                return signs == first_;
+            case Kind::Contains:
+                return contains(signs);
+            case Kind::Ends:
+                return signs.starts_with(first_) && signs.ends_with(second_);
+            case Kind::Never:
+                return false;
+        }
+        return false;
+    }
+
+  private:
+    enum class Kind { Equal, Contains, Ends, Never };
+
+    [[nodiscard]] bool contains(std::string_view signs) const;
+
+    Kind kind_ = Kind::Contains;
+    std::string first_;   ///< the phrase, or what the record must begin with
+    std::string second_;  ///< what the record must end with
+};
+
+/// The records whose signs satisfy `rule`, in file order. Reads once, front to back, as matches are asked
+/// for.
+class Lookup {
+  public:
+    Lookup(RecordReader& reader, MatchRule rule) : reader_(reader), rule_(std::move(rule)) {}
+
+    /// Moves to the next match; false at the end. Throws like RecordReader::next; matches already handed out
+    /// stay valid.
+    bool next()
+    {
+        while (reader_.next()) {
+            if (rule_.matches(reader_.record().signs)) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+  private:
+    RecordReader& reader_;
+    MatchRule rule_;
+};
+
+}  // namespace karvel

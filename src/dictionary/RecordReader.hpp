@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "base/FieldReader.hpp"
+#include "dictionary/DictionaryEntry.hpp"
+
+namespace karvel {
+
+/// Reads the dictionary record by record, front to back, one record at a time.
+class RecordReader {
+  public:
+    /// Owns `source`.
+    explicit RecordReader(std::unique_ptr<ByteSource> source);
+
+    /// Moves to the next record; false at the end of the file, where blanks and line ends behind the last
+    /// record are no record. Throws RuntimeError 62 when the file ends inside a record or a quote is never
+    /// closed; `last` then still is the last whole record.
+    bool next();
+
+    /// The record that `next` moved to; valid until the next call of `next`.
+    [[nodiscard]] const RawRecord& record() const { return record_; }
+
+    /// The last whole record read, also after the end; decoded. Empty texts when there was none.
+    [[nodiscard]] DictionaryEntry last() const;
+
+  private:
+    void remember();
+
+    std::unique_ptr<ByteSource> source_;
+    FieldReader fields_;
+    RawRecord record_;
+    bool current_ = false;  ///< record_ points into the window
+    DictionaryEntry kept_;
+};
+
+}  // namespace karvel

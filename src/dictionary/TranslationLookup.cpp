@@ -1,0 +1,112 @@
+#include "dictionary/TranslationLookup.hpp"
+
+#include <utility>
+
+#include "base/CodePage.hpp"
+#include "dictionary/Lookup.hpp"
+
+namespace karvel {
+
+namespace {
+
+bool isContainment(std::uint8_t mode)
+{
+    return mode < 1 || mode > 6 || mode == static_cast<std::uint8_t>(Mode::Contains);
+}
+
+}  // namespace
+
+MessageBox translationBox(const DictionaryEntry& entry)
+{
+    return {.title = "Traduzione",
+            .text = "1) -  " + entry.translation + "\n\n2) -  " + entry.transliteration +
+                    "\n\nNote: " + entry.note,
+            .buttons = Buttons::OkCancel};
+}
+
+MessageBox dictionaryErrorBox(const RuntimeError& error)
+{
+    return {.title = "ERRORE",
+            .text = "C'e' un errore nel file dizio.txt ERR>" + std::to_string(error.value()) + "\n" +
+                    std::string(error.text()) + "\nCi sono caratteri in meno o in più nel file !",
+            .icon = Icon::Critical};
+}
+
+std::unique_ptr<ByteSource> openDictionary(const FileSystem& files, UserInterface& ui, std::string_view path)
+{
+    return std::make_unique<WatchedSource>(files.open(path), [&ui](std::uint64_t done, std::uint64_t total) {
+        return ui.continueReading(done, total);
+    });
+}
+
+void TranslationLookup::run(std::uint8_t mode, std::string_view phrase)
+{
+    End end = End::NothingFound;
+    try {
+        end = pass(mode, phrase);
+    } catch (const RuntimeError& error) {
+        // Kept: only these two modes explain the fault of the file; the others report the bare error.
+        if (!isContainment(mode) && mode != static_cast<std::uint8_t>(Mode::Equal)) {
+            throw;
+        }
+        ui_.ask(dictionaryErrorBox(error));
+        return;
+    }
+    if (end == End::Cancelled) {
+        return;
+    }
+    ui_.ask({.title = "Ricerca:", .text = end == End::Found ? "Fine Ricerca" : std::string(kNothingFound)});
+}
+
+TranslationLookup::End TranslationLookup::pass(std::uint8_t mode, std::string_view phrase)
+{
+    RecordReader reader(openDictionary(files_, ui_));
+    Lookup lookup(reader, MatchRule(mode, phrase));
+    End end = End::NothingFound;
+    const auto rememberLast = [&] {
+        const DictionaryEntry last = reader.last();
+        last_.translation = last.translation;
+        last_.note = last.note;
+    };
+    try {
+        for (;;) {
+            bool found = false;
+            {
+                const BusyPointer hourglass(ui_);
+                found = lookup.next();
+            }
+            if (!found) {
+                break;
+            }
+            end = End::Found;
+            if (!show(mode, reader.record().decoded())) {
+                return End::Cancelled;
+            }
+        }
+    } catch (const RuntimeError&) {
+        rememberLast();
+        throw;
+    } catch (const ReadingStopped&) {
+        rememberLast();
+        return End::Cancelled;
+    }
+    rememberLast();
+    return end;
+}
+
+/// False when the user has seen enough.
+bool TranslationLookup::show(std::uint8_t mode, DictionaryEntry entry)
+{
+    view_.showFound(entry.signs);
+    entry.translation = upperCase(entry.translation);
+    last_.translation = entry.translation;
+    last_.note = entry.note;
+    const Button answer = ui_.ask(translationBox(entry));
+    // Kept: only the containment search opens pictures; in the others the note is read, not seen.
+    if (isContainment(mode) && entry.note.starts_with('*')) {
+        view_.showPicture(entry.note.substr(1));
+    }
+    return answer != Button::Cancel;
+}
+
+}  // namespace karvel

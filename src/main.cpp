@@ -1,0 +1,6 @@
+#include "windows/Application.hpp"
+
+int main(int argc, char** argv)
+{
+    return karvel::runApplication(argc, argv);
+}

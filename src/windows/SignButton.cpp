@@ -1,0 +1,86 @@
+#include "windows/SignButton.hpp"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include "compose/SignRepertoire.hpp"
+#include "windows/Text.hpp"
+#include "windows/Theme.hpp"
+
+namespace karvel {
+
+SignButton::SignButton(PictureStore& pictures, QWidget* parent) : QAbstractButton(parent), pictures_(pictures)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void SignButton::setSign(const std::string& systemPath, const std::string& code, bool codeAsText)
+{
+    if (path_ == systemPath && code_ == code && codeAsText_ == codeAsText) {
+        return;
+    }
+    path_ = systemPath;
+    code_ = code;
+    codeAsText_ = codeAsText;
+    const QString caption = qtext(signCaption(code));
+    setToolTip(caption);
+    setAccessibleName(code.empty() ? QStringLiteral("tasto vuoto") : QStringLiteral("segno ") + caption);
+    update();
+}
+
+void SignButton::enterEvent(QEnterEvent* event)
+{
+    QAbstractButton::enterEvent(event);
+    update();
+}
+
+void SignButton::leaveEvent(QEvent* event)
+{
+    QAbstractButton::leaveEvent(event);
+    update();
+}
+
+void SignButton::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor surface = palette().color(QPalette::Button);
+    QColor face = surface;
+    if (isDown()) {
+        face = between(surface, kAccent, 0.35);
+    } else if (underMouse() && isEnabled()) {
+        face = between(surface, QColor(255, 255, 255), 0.55);
+    }
+    const QRectF frame = QRectF(rect()).adjusted(1, 1, -1, -1);
+    painter.setBrush(face);
+    painter.setPen(QPen(between(surface, inkOn(surface), 0.28), 1));
+    painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+
+    const int side = std::min(width(), height()) - 8;
+    const QPixmap picture = path_.empty() ? QPixmap() : pictures_.scaled(path_, side, devicePixelRatioF());
+    painter.setPen(inkOn(face));
+    if (!picture.isNull()) {
+        const QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatio();
+        const QPointF shift = isDown() ? QPointF(1, 1) : QPointF(0, 0);
+        painter.drawPixmap(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2) + shift,
+                           picture);
+    } else if (codeAsText_) {
+        painter.drawText(rect(), Qt::AlignCenter, qtext(code_));
+    }
+    if (!QAbstractButton::text().isEmpty()) {
+        const QRect band(2, height() - painter.fontMetrics().height() - 4, width() - 4,
+                         painter.fontMetrics().height() + 2);
+        painter.fillRect(band, kSelection);
+        painter.setPen(inkOn(kSelection));
+        painter.drawText(band, Qt::AlignCenter, QAbstractButton::text());
+    }
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(kAccent, 2));
+        painter.drawRoundedRect(frame.adjusted(1, 1, -1, -1), 4, 4);
+    }
+}
+
+}  // namespace karvel

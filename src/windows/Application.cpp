@@ -1,0 +1,75 @@
+#include "windows/Application.hpp"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QStyleFactory>
+#include <QTranslator>
+
+#include "Version.hpp"
+#include "app/StartUp.hpp"
+#include "windows/Desktop.hpp"
+#include "windows/Form1.hpp"
+#include "windows/PictureStore.hpp"
+#include "windows/Prompt.hpp"
+#include "windows/WindowSet.hpp"
+
+namespace karvel {
+
+namespace {
+
+/// The toolkit's own texts (file dialog, colour chooser, print dialog) in Italian, whatever the system
+/// speaks.
+void speakItalian(QTranslator& translator)
+{
+    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+    const QString own = QStringLiteral(":/translations");
+    if (translator.load(QStringLiteral("qtbase_it"), own) ||
+        translator.load(QStringLiteral("qtbase_it"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(&translator);
+    }
+}
+
+bool startUp(Session& session)
+{
+    try {
+        return formLoad(session) == StartUp::Ready;
+    } catch (const RuntimeError& error) {
+        session.ui().ask(defaultErrorReport(error));
+        return false;
+    }
+}
+
+}  // namespace
+
+int runApplication(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Karvel"));
+    QApplication::setApplicationVersion(QLatin1String(kVersion));
+    QApplication::setDesktopFileName(QStringLiteral("karvel"));
+    // One look everywhere: the native ones would not take the colours that the user chooses.
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QTranslator translator;
+    speakItalian(translator);
+
+    const Drives drives = Drives::ofUser();
+    PictureStore pictures(drives);
+    Prompt prompt;
+    WindowSet windows;
+    Session session(FileSystem(drives), pictures, prompt, windows);
+    Desktop desktop(session, pictures);
+    if (!startUp(session)) {
+        return 1;
+    }
+    Form1 form1(desktop, windows);
+    windows.attach(desktop, form1);
+    QObject::connect(&prompt, &Prompt::aboutToAsk, &form1, &Form1::showState);
+    QObject::connect(&prompt, &Prompt::progress, &form1, &Form1::showProgress);
+    form1.showState();
+    form1.show();
+    return QApplication::exec();
+}
+
+}  // namespace karvel

@@ -1,0 +1,153 @@
+#include "windows/Form1.hpp"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QToolButton>
+
+#include "app/Views.hpp"
+#include "compose/SignRepertoire.hpp"
+#include "windows/Desktop.hpp"
+#include "windows/Icons.hpp"
+#include "windows/PageBox.hpp"
+#include "windows/SignButton.hpp"
+#include "windows/SignCell.hpp"
+#include "windows/Text.hpp"
+#include "windows/Theme.hpp"
+#include "windows/WindowSet.hpp"
+
+namespace karvel {
+
+Form1::Form1(Desktop& desktop, WindowSet& windows) : desktop_(desktop), windows_(windows)
+{
+    setObjectName(QStringLiteral("Form1"));
+    setWindowTitle(QStringLiteral("Karvel - Dizionario geroglifico-italiano"));
+    buildMenus();
+    buildCentre();
+    buildStatusBar();
+    placeOnScreen();
+    connect(&desktop_, &Desktop::changed, this, &Form1::showState);
+    tasto_[0]->setFocus();
+}
+
+Form1::~Form1() = default;
+
+void Form1::closeEvent(QCloseEvent* event)
+{
+    if (!leaving_ && !confirmClose(desktop_.session().ui())) {
+        event->ignore();
+        return;
+    }
+    leaving_ = true;
+    event->accept();
+    QApplication::quit();
+}
+
+void Form1::leave()
+{
+    if (confirmExit(desktop_.session().ui())) {
+        leaving_ = true;  // asked once is enough: the close box's question is left out
+        close();
+    }
+}
+
+void Form1::showState()
+{
+    showColours();
+    showModes();
+    showDisplay();
+    showPalette();
+    Session& session = desktop_.session();
+    panels_[0]->setText(qtext(session.termsPanel));
+    panels_[1]->setText(QStringLiteral("Segni: %1").arg(session.display().signs()));
+    panels_[2]->setText(qtext(session.palette().codePanel()));
+}
+
+void Form1::showProgress(int percent)
+{
+    if (percent < 0) {
+        statusBar()->clearMessage();
+        return;
+    }
+    statusBar()->showMessage(QStringLiteral("Lettura del dizionario: %1%  (Esc interrompe)").arg(percent));
+}
+
+void Form1::showColours()
+{
+    const QColor window = colour(desktop_.session().colours().window);
+    const QColor display = colour(desktop_.session().colours().display);
+    if (shownWindow_ == window.rgba() && shownDisplay_ == display.rgba()) {
+        return;
+    }
+    shownWindow_ = window.rgba();
+    shownDisplay_ = display.rgba();
+    setPalette(paletteFor(window));
+    QPalette cells = paletteFor(display);
+    picture1_->setPalette(cells);
+    QPalette action = paletteFor(window);
+    action.setColor(QPalette::Button, kAccent);
+    action.setColor(QPalette::ButtonText, inkOn(kAccent));
+    command12_->setPalette(action);
+    showIcons();
+}
+
+void Form1::showIcons()
+{
+    const QColor ink = palette().color(QPalette::ButtonText);
+    const std::pair<const char*, Symbol> symbols[] = {{"CSX", Symbol::Left},
+                                                      {"CDX", Symbol::Right},
+                                                      {"Command1", Symbol::Start},
+                                                      {"Command3", Symbol::End},
+                                                      {"Command4", Symbol::DeleteSign},
+                                                      {"Command8", Symbol::ClearAll},
+                                                      {"Command7", Symbol::Magnify},
+                                                      {"Command9", Symbol::AddToDictionary},
+                                                      {"Co5", Symbol::Cross}};
+    for (const auto& [name, symbol] : symbols) {
+        findChild<QToolButton*>(QLatin1String(name))->setIcon(symbolIcon(symbol, ink));
+    }
+    command12_->setIcon(symbolIcon(Symbol::Search, inkOn(kAccent)));
+}
+
+void Form1::showDisplay()
+{
+    const DisplayLine& display = desktop_.session().display();
+    for (std::size_t i = 0; i < vendol_.size(); ++i) {
+        vendol_[i]->setCell(display.cells()[i], display.selected(i));
+    }
+    csx_->setEnabled(display.cursorEnabled());
+    cdx_->setEnabled(display.cursorEnabled());
+    deleteSign_->setEnabled(display.deleteEnabled());
+}
+
+void Form1::showPalette()
+{
+    const Palette& shown = desktop_.session().palette();
+    for (std::size_t i = 0; i < tasto_.size(); ++i) {
+        tasto_[i]->setSign(shown.picture(i), shown.codeOf(i));
+    }
+    if (text1_->text() != qtext(shown.pageText())) {
+        text1_->setText(qtext(shown.pageText()));
+    }
+    const auto number = [&shown](std::size_t key) {
+        const SignInfo* const sign = SignRepertoire::standard().byCode(shown.codeOf(key));
+        return sign != nullptr ? qtext(sign->gardiner) : QString();
+    };
+    pageRange_->setText(QStringLiteral("Gardiner %1 – %2").arg(number(0), number(kKeys - 1)));
+}
+
+void Form1::showModes()
+{
+    const SearchModes& modes = desktop_.session().modes();
+    for (std::size_t i = 0; i < modeItems_.size(); ++i) {
+        modeItems_[i]->setChecked(modes.ticked(static_cast<Mode>(i + 1)));
+    }
+    label1_->setText(qtext(modes.caption()));
+}
+
+}  // namespace karvel

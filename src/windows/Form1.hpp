@@ -1,0 +1,114 @@
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+#include <functional>
+#include <vector>
+
+#include "base/SignCode.hpp"
+#include "compose/DisplayLine.hpp"
+
+class QAction;
+class QFrame;
+class QLabel;
+class QScrollBar;
+class QToolButton;
+class QPushButton;
+class QVBoxLayout;
+class QBoxLayout;
+
+namespace karvel {
+
+class Desktop;
+class PageBox;
+class SignButton;
+class SignCell;
+class SquareGrid;
+class WindowSet;
+
+/// The main window: palette, display line, favourites strip, menus.
+class Form1 : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    static constexpr std::size_t kFavourites = 8;
+
+    /// Both must outlive the window. Nothing is loaded yet: start-up comes first, then `showState`.
+    Form1(Desktop& desktop, WindowSet& windows);
+    ~Form1() override;
+
+    /// Shows what the session holds now.
+    void showState();
+
+    /// How far a long reading has come, 0 to 100; -1 when it has ended.
+    void showProgress(int percent);
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    /// One item of a menu; without a handler it is shown, but cannot be chosen.
+    struct Item {
+        const char* name;  ///< of its control
+        QString caption;
+        std::function<void()> handler;
+        QString shortcut = {};
+        bool checkable = false;
+    };
+    struct Menu {
+        const char* name;
+        QString caption;
+        std::vector<Item> items;
+    };
+
+    void buildMenus();
+    void addMenu(const Menu& menu);
+    [[nodiscard]] Menu fileMenu();
+    [[nodiscard]] Menu optionsMenu();
+    [[nodiscard]] Menu favouritesMenu();
+    [[nodiscard]] Menu searchMenu();
+
+    void buildCentre();
+    [[nodiscard]] QWidget* displayLine();
+    [[nodiscard]] QBoxLayout* displayButtons();
+    [[nodiscard]] QBoxLayout* favouritesStrip();
+    [[nodiscard]] QBoxLayout* pageLine();
+    void buildStatusBar();
+    void placeOnScreen();
+    QToolButton* button(const char* name, const QString& tooltip, std::function<void()> handler);
+
+    void showColours();
+    void showIcons();
+    void showDisplay();
+    void showPalette();
+    void showModes();
+
+    void leave();
+    void insertInDictionary();
+
+    Desktop& desktop_;
+    WindowSet& windows_;
+
+    QWidget* centre_ = nullptr;
+    QLabel* label1_ = nullptr;
+    QFrame* picture1_ = nullptr;
+    std::array<SignCell*, DisplayLine::kCells> vendol_{};
+    QToolButton* csx_ = nullptr;
+    QToolButton* cdx_ = nullptr;
+    QToolButton* deleteSign_ = nullptr;
+    QPushButton* command12_ = nullptr;
+    std::array<SignButton*, kFavourites> cmd_{};
+    QLabel* label2_ = nullptr;
+    SquareGrid* keys_ = nullptr;
+    std::array<SignButton*, kKeys> tasto_{};
+    QScrollBar* hScroll1_ = nullptr;
+    PageBox* text1_ = nullptr;
+    QLabel* pageRange_ = nullptr;
+    std::array<QLabel*, 3> panels_{};
+    std::array<QAction*, 6> modeItems_{};
+    QRgb shownWindow_ = 0;
+    QRgb shownDisplay_ = 0;
+    bool leaving_ = false;
+};
+
+}  // namespace karvel

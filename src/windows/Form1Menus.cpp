@@ -1,0 +1,117 @@
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "app/Views.hpp"
+#include "windows/Desktop.hpp"
+#include "windows/Form1.hpp"
+#include "windows/Text.hpp"
+#include "windows/WindowSet.hpp"
+
+namespace karvel {
+
+void Form1::addMenu(const Menu& menu)
+{
+    QMenu* const shown = menuBar()->addMenu(menu.caption);
+    shown->setObjectName(QLatin1String(menu.name));
+    for (const Item& item : menu.items) {
+        QAction* const action = shown->addAction(item.caption);
+        action->setObjectName(QLatin1String(item.name));
+        action->setCheckable(item.checkable);
+        action->setEnabled(static_cast<bool>(item.handler));
+        if (!item.shortcut.isEmpty()) {
+            action->setShortcut(QKeySequence(item.shortcut));
+        }
+        if (item.handler) {
+            connect(action, &QAction::triggered, this,
+                    [this, handler = item.handler] { desktop_.handle(handler); });
+        }
+    }
+}
+
+Form1::Menu Form1::fileMenu()
+{
+    return {"File",
+            QStringLiteral("&File"),
+            {
+                {"stampa", QStringLiteral("&Stampa"), nullptr},
+                {"Esci", QStringLiteral("&Esci"), [this] { leave(); }},
+            }};
+}
+
+Form1::Menu Form1::optionsMenu()
+{
+    return {
+        "Opzioni",
+        QStringLiteral("&Opzioni"),
+        {
+            {"codice", QStringLiteral("Visualizza &codice"), [this] { showCode(desktop_.session()); }},
+            {"frase", QStringLiteral("Visualizza codice &frase"), [this] { showPhrase(desktop_.session()); }},
+            {"colore", QStringLiteral("&Preferenze colori"), nullptr},
+            {"percorso", QStringLiteral("&Dir geroglifici"), nullptr},
+        }};
+}
+
+Form1::Menu Form1::favouritesMenu()
+{
+    return {"preferiti",
+            QStringLiteral("&Preferiti"),
+            {
+                {"prefins", QStringLiteral("&Visualizza preferiti"), nullptr},
+                {"inserici", QStringLiteral("&Inserisci preferiti"), nullptr, QStringLiteral("F4")},
+                {"elim", QStringLiteral("&Elimina preferiti"), nullptr},
+                {"nascondi", QStringLiteral("&Nascondi preferiti"), nullptr},
+                {"sep", QStringLiteral("&Load preferiti"), nullptr},
+                {"salva", QStringLiteral("&Save preferiti"), nullptr},
+            }};
+}
+
+Form1::Menu Form1::searchMenu()
+{
+    const auto choose = [this](Mode mode) {
+        return [this, mode] { desktop_.session().modes().choose(mode, desktop_.session().files()); };
+    };
+    return {"Ricerca",
+            QStringLiteral("&Ricerca"),
+            {
+                {"Uguale", QStringLiteral("&Termine presente"), choose(Mode::Equal), {}, true},
+                {"traduci", QStringLiteral("&Dividi in parole"), nullptr, {}, true},
+                {"Cerca", QStringLiteral("&Cerca simile"), choose(Mode::Contains), {}, true},
+                {"inizia", QStringLiteral("&Inizia per..."), choose(Mode::StartsWith), {}, true},
+                {"finisce", QStringLiteral("&Finisce per..."), choose(Mode::EndsWith), {}, true},
+                {"mancante", QStringLiteral("&Geroglifico mancante"), choose(Mode::MissingSign), {}, true},
+            }};
+}
+
+void Form1::buildMenus()
+{
+    Session& session = desktop_.session();
+    addMenu(fileMenu());
+    addMenu({"modifiche", QStringLiteral("&Modifiche"), {{"undo", QStringLiteral("&Undo"), [&session] {
+                                                              session.display().undo();
+                                                          }}}});
+    addMenu(optionsMenu());
+    addMenu(favouritesMenu());
+    addMenu(searchMenu());
+    addMenu(
+        {"fonemi",
+         QStringLiteral("&Tabelle"),
+         {{"ins", QStringLiteral("&Alfabeto"), nullptr}, {"numeri", QStringLiteral("&Numeri"), nullptr}}});
+    addMenu({"visua",
+             QStringLiteral("&Visualizza"),
+             {{"tradotte", QStringLiteral("&Parole tradotte"), nullptr},
+              {"schede", QStringLiteral("&Schede"), nullptr}}});
+    addMenu({"tipo",
+             QStringLiteral("Tipo di &Inserimento"),
+             {{"facilitato", QStringLiteral("&Facilitato"), nullptr},
+              {"normale", QStringLiteral("&Normale"), nullptr}}});
+    addMenu(
+        {"internet", QStringLiteral("&Internet"), {{"connetti", QStringLiteral("&Collegamenti"), nullptr}}});
+    addMenu(
+        {"aiuto", QStringLiteral("I&nfo"), {{"Info", QStringLiteral("I&nformazioni su Karvel"), nullptr}}});
+    for (std::size_t i = 0; i < modeItems_.size(); ++i) {
+        modeItems_[i] = findChild<QAction*>(qtext(SearchModes::kItems[i]));
+    }
+}
+
+}  // namespace karvel

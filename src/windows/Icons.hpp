@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+
+namespace karvel {
+
+/// The symbols on the buttons of the main window.
+enum class Symbol {
+    Left,
+    Right,
+    Start,
+    End,
+    DeleteSign,
+    ClearAll,
+    Magnify,
+    AddToDictionary,
+    Search,
+    Cross,
+    Bin,
+};
+
+/// `symbol` drawn in `ink`, sharp at every size.
+[[nodiscard]] QIcon symbolIcon(Symbol symbol, const QColor& ink);
+
+}  // namespace karvel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+namespace karvel {
+
+/// Lays its keys out in rows of equal squares, as large as the room allows.
+class SquareGrid : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// `rows` fixes the number of rows; 0 takes whatever number gives the largest squares.
+    explicit SquareGrid(int rows, QWidget* parent = nullptr) : QWidget(parent), rows_(rows) {}
+
+    /// Appends `key`, which becomes a child of the grid.
+    void add(QWidget* key);
+
+    /// Keys in a row as they lie now.
+    [[nodiscard]] int columns() const { return columns_; }
+
+    /// No square is drawn larger than this, in logical pixels.
+    void setLargestSide(int side) { largestSide_ = side; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void arrange();
+
+    int rows_;
+    int columns_ = 1;
+    int largestSide_ = 400;
+    std::vector<QWidget*> keys_;
+};
+
+}  // namespace karvel

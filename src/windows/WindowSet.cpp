@@ -1,0 +1,16 @@
+#include "windows/WindowSet.hpp"
+
+#include "windows/PictureWindow.hpp"
+
+namespace karvel {
+
+void WindowSet::openItalian() {}
+
+void WindowSet::openPicture(const std::string& path, const std::string& name)
+{
+    open<imm1>().showPicture(path, name);
+}
+
+void WindowSet::raiseMagnifier() {}
+
+}  // namespace karvel

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QWidget>
+
+#include "app/WindowOpener.hpp"
+
+namespace karvel {
+
+class Desktop;
+
+/// Opens the tool windows, each at most once at a time, as children of the main window.
+class WindowSet : public WindowOpener {
+  public:
+    /// To be called once, before any window is opened; both must outlive the set's use.
+    void attach(Desktop& desktop, QWidget& mainWindow)
+    {
+        desktop_ = &desktop;
+        mainWindow_ = &mainWindow;
+    }
+
+    /// The open window of this class; null when it is closed.
+    template <typename Window>
+    [[nodiscard]] Window* opened() const
+    {
+        return mainWindow_->findChild<Window*>(QString(), Qt::FindDirectChildrenOnly);
+    }
+
+    /// Brings the window to the front, made anew when it is closed. Its constructor takes the desktop and
+    /// the parent, and it deletes itself on closing.
+    template <typename Window>
+    Window& open()
+    {
+        Window* window = opened<Window>();
+        if (window == nullptr) {
+            window = new Window(*desktop_, mainWindow_);
+        }
+        bringUp(*window);
+        return *window;
+    }
+
+    void openItalian() override;
+    void openPicture(const std::string& path, const std::string& name) override;
+    void raiseMagnifier() override;
+
+  private:
+    static void bringUp(QWidget& window)
+    {
+        window.show();
+        window.raise();
+        window.activateWindow();
+    }
+
+    Desktop* desktop_ = nullptr;
+    QWidget* mainWindow_ = nullptr;
+};
+
+}  // namespace karvel

@@ -119,17 +119,23 @@ bool Palette::refusesMissingSign()
 
 void Palette::press(std::size_t key)
 {
+    pressCode(codeOf(key));
+}
+
+bool Palette::pressCode(const std::string& code)
+{
     if (display_.refuseAtCount254() || display_.refuseAtLimit()) {
-        return;
+        return false;
     }
     currentSign_.clear();
-    currentSign_ = codeOf(key);
+    currentSign_ = code;
     codePanel_ = "Codice: " + currentSign_;
     if (refusesMissingSign()) {
-        return;
+        return false;
     }
     display_.advanceInsertPosition();
     insertion_(currentSign_, display_.InsertPosition());
+    return true;
 }
 
 }  // namespace karvel

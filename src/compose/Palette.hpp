@@ -92,6 +92,9 @@ class Palette {
     /// Key `key` (0 to 52) was pressed. Throws like DisplayLine::insert.
     void press(std::size_t key);
 
+    /// The same for the sign `code`, wherever it was chosen. False when it was refused: nothing is inserted.
+    bool pressCode(const std::string& code);
+
     /// The letter that stands for page `page` (1 to 14).
     [[nodiscard]] static char pageLetter(int page);
 

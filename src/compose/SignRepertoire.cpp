@@ -43,6 +43,7 @@ SignRepertoire::SignRepertoire(std::string_view table)
         const std::size_t end = std::min(table.find('\n'), table.size());
         if (const auto sign = signOf(table.substr(0, end))) {
             codes_.emplace(sign->code, signs_.size());
+            characters_.emplace(sign->character, signs_.size());
             gardiner_.emplace(sign->gardiner, signs_.size());
             signs_.push_back(*sign);
         }
@@ -63,6 +64,12 @@ const SignInfo* SignRepertoire::byCode(std::string_view code) const
 {
     const auto found = codes_.find(code);
     return found == codes_.end() ? nullptr : &signs_[found->second];
+}
+
+const SignInfo* SignRepertoire::byCharacter(char32_t character) const
+{
+    const auto found = characters_.find(character);
+    return found == characters_.end() ? nullptr : &signs_[found->second];
 }
 
 const SignInfo* SignRepertoire::byGardiner(std::string_view number) const

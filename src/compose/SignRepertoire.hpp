@@ -35,9 +35,13 @@ class SignRepertoire {
     /// By Gardiner number; the letter case does not matter where no two signs differ by it alone.
     [[nodiscard]] const SignInfo* byGardiner(std::string_view number) const;
 
+    /// By Unicode hieroglyph.
+    [[nodiscard]] const SignInfo* byCharacter(char32_t character) const;
+
   private:
     std::vector<SignInfo> signs_;
     std::unordered_map<std::string_view, std::size_t> codes_;
+    std::unordered_map<char32_t, std::size_t> characters_;
     std::unordered_map<std::string, std::size_t> gardiner_;  ///< as written and, below it, in upper case
 };
 

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "compose/SignRepertoire.hpp"
+
+namespace karvel {
+
+/// Finds signs by what a person knows of them: a Gardiner number, a code, a phonetic value, a word of the
+/// description. Holds no state but the order in which signs were used.
+class SignFinder {
+  public:
+    /// `repertoire` must outlive the finder.
+    explicit SignFinder(const SignRepertoire& repertoire = SignRepertoire::standard());
+
+    /// The signs that fit `wanted` (UTF-8), best first, at most `most`. Among equals the one used last comes
+    /// first, then the more common one, then the order of the repertoire. Nothing for an empty text.
+    [[nodiscard]] std::vector<const SignInfo*> find(std::string_view wanted, std::size_t most = 60) const;
+
+    /// The sign `code` has just been used.
+    void used(const std::string& code) { used_[code] = ++clock_; }
+
+  private:
+    /// A sign's texts as they are compared.
+    struct Entry {
+        const SignInfo* sign;
+        std::string gardiner;                  ///< upper case
+        std::vector<std::string_view> values;  ///< phonetic, as recorded
+        std::string description;               ///< upper case without accents
+    };
+    struct Wanted {
+        std::string asTyped;  ///< transliteration letters turned to ASCII
+        std::string upper;    ///< upper case without accents
+    };
+
+    [[nodiscard]] static int rank(const Entry& entry, const Wanted& wanted);
+    [[nodiscard]] unsigned long lastUse(const SignInfo& sign) const;
+
+    std::vector<Entry> entries_;
+    std::unordered_map<std::string, unsigned long> used_;
+    unsigned long clock_ = 0;
+};
+
+/// Transliteration with the scholars' letters (ꜣ ꜥ ḥ ḫ ẖ š ḳ ṯ ḏ ...) in the ASCII letters of the repertoire.
+[[nodiscard]] std::string asciiTransliteration(std::string_view utf8);
+
+}  // namespace karvel

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QStyleFactory>
 #include <QTranslator>
 
 #include "Version.hpp"
@@ -12,6 +11,7 @@
 #include "windows/Form1.hpp"
 #include "windows/PictureStore.hpp"
 #include "windows/Prompt.hpp"
+#include "windows/Theme.hpp"
 #include "windows/WindowSet.hpp"
 
 namespace karvel {
@@ -48,8 +48,7 @@ int runApplication(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("Karvel"));
     QApplication::setApplicationVersion(QLatin1String(kVersion));
     QApplication::setDesktopFileName(QStringLiteral("karvel"));
-    // One look everywhere: the native ones would not take the colours that the user chooses.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new Style);
     QApplication::setQuitOnLastWindowClosed(false);
     QTranslator translator;
     speakItalian(translator);

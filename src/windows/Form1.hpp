@@ -45,6 +45,7 @@ class Form1 : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     /// One item of a menu; without a handler it is shown, but cannot be chosen.

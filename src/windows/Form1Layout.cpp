@@ -232,10 +232,10 @@ void Form1::buildCentre()
     column->setContentsMargins(kGap + 4, kGap, kGap + 4, kGap);
     column->setSpacing(kGap);
     column->addWidget(label1_);
-    column->addWidget(displayLine(), 10);
+    column->addWidget(displayLine());
     column->addLayout(displayButtons());
     column->addLayout(favouritesStrip());
-    column->addWidget(keys_, 30);
+    column->addWidget(keys_, 1);
     column->addLayout(pageLine());
     setCentralWidget(centre_);
 }
@@ -250,6 +250,15 @@ void Form1::buildStatusBar()
         panels_[i]->setIndent(4);
         statusBar()->addWidget(panels_[i], i == 2 ? 1 : 0);
     }
+}
+
+/// The display line is as high as its cells are wide, but leaves the palette the larger share.
+void Form1::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    const int cells = static_cast<int>(vendol_.size());
+    const int side = (width() - 2 * csx_->sizeHint().width() - 8 * kGap) / cells;
+    picture1_->setFixedHeight(std::clamp(side, 40, std::max(40, height() / 5)) + 2 * kGap);
 }
 
 /// Large enough for the signs, and wholly on the screen at first sight.

@@ -1,6 +1,7 @@
 #include "windows/Prompt.hpp"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -12,6 +13,8 @@
 namespace karvel {
 
 namespace {
+
+constexpr int kNarrowest = 340;  // logical pixels
 
 QMessageBox::Icon iconOf(Icon icon)
 {
@@ -97,6 +100,12 @@ Button Prompt::ask(const MessageBox& box)
     if (box.defaultButton) {
         shown.setDefaultButton(standardButton(*box.defaultButton));
     }
+    // Wide enough for its title, and no window to be minimized.
+    if (auto* const grid = qobject_cast<QGridLayout*>(shown.layout())) {
+        grid->addItem(new QSpacerItem(kNarrowest, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
+    shown.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                         Qt::WindowCloseButtonHint);
     shown.setWindowModality(Qt::ApplicationModal);
     if (box.systemModal) {
         shown.setWindowFlag(Qt::WindowStaysOnTopHint);

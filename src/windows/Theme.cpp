@@ -15,6 +15,23 @@ QColor between(const QColor& from, const QColor& to, qreal share)
     return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
 }
 
+Style::Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                     QStyleHintReturn* returned) const
+{
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) {
+        return 0;
+    }
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
+int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    constexpr int kMessageIcon = 40;  // logical pixels
+    return metric == PM_MessageBoxIconSize ? kMessageIcon : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
 QPalette paletteFor(const QColor& window)
 {
     const QColor ink = inkOn(window);

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QPalette>
+#include <QProxyStyle>
 
 #include "settings/Colours.hpp"
 
@@ -20,6 +21,16 @@ namespace karvel {
 
 /// The palette of a window whose surface is `window`: every text on it stays readable.
 [[nodiscard]] QPalette paletteFor(const QColor& window);
+
+/// The one look of the program on every system; the native ones would not take the colours that the user
+/// chooses.
+class Style : public QProxyStyle {
+  public:
+    Style();
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+};
 
 /// What marks the focus and the main action.
 inline const QColor kAccent(0, 110, 120);

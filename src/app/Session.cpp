@@ -10,7 +10,7 @@ Session::Session(FileSystem files, Pictures& pictures, UserInterface& ui, Window
       ui_(ui),
       windows_(windows),
       display_(files_, pictures_, ui_, images_, modeSwitch_),
-      insertion_(display_),
+      insertion_(display_, finder_),
       palette_(pictures_, ui_, images_, modeSwitch_, display_, insertion_)
 {
 }

@@ -35,6 +35,7 @@ class Session : private ResultView {
     [[nodiscard]] DisplayLine& display() { return display_; }
     [[nodiscard]] Palette& palette() { return palette_; }
     [[nodiscard]] Insertion& insertion() { return insertion_; }
+    [[nodiscard]] const SignFinder& finder() const { return finder_; }
     [[nodiscard]] Colours& colours() { return colours_; }
     [[nodiscard]] LastResult& last() { return last_; }
     [[nodiscard]] ResultView& resultView() { return *this; }
@@ -76,6 +77,7 @@ class Session : private ResultView {
     Colours colours_;
     LastResult last_;
     DisplayLine display_;
+    SignFinder finder_;
     Insertion insertion_;
     Palette palette_;
 };

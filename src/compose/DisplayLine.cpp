@@ -88,6 +88,18 @@ void DisplayLine::showCodes(std::string_view codes, int offset)
     }
 }
 
+void DisplayLine::showFrom0(std::string_view codes)
+{
+    showCodes(codes, -1);
+    // Where a found entry repeats the phrase, its signs are the phrase's own and may be deleted.
+    for (std::size_t i = 0; i < kCells && i * kCodeLength < codes.size(); ++i) {
+        const std::size_t at = static_cast<std::size_t>(firstVisible_) + i * kCodeLength;
+        if (at < codes_.size() && codes_.compare(at, kCodeLength, cells_[i].code) == 0) {
+            cells_[i].offset = static_cast<int>(at);
+        }
+    }
+}
+
 void DisplayLine::showFound(std::string_view codes)
 {
     clearPictures(1, kCells - 1);
@@ -244,17 +256,30 @@ void DisplayLine::deleteSelected()
     if (shown.blank() || shown.offset < 0 || static_cast<std::size_t>(shown.offset) >= codes_.size()) {
         return;
     }
-    codes_.erase(static_cast<std::size_t>(shown.offset), kCodeLength);
+    removeAt(static_cast<std::size_t>(shown.offset));
+}
+
+void DisplayLine::removeLast()
+{
+    forgetSelection();
+    if (!codes_.empty()) {
+        removeAt((codes_.size() - 1) / kCodeLength * kCodeLength);
+    }
+}
+
+/// Takes the sign at the character `offset` out and shows the phrase again from about where it was shown.
+void DisplayLine::removeAt(std::size_t offset)
+{
+    codes_.erase(offset, kCodeLength);
     if (signs() <= kCells) {
         showStretch(0);
         count_ = static_cast<std::uint8_t>(signs());
         moveBorderTo(codes_.empty() ? 0 : signs() - 1);
         return;
     }
-    const std::size_t offset =
-        static_cast<std::size_t>(std::max(0, firstVisible_ - static_cast<int>(kCodeLength)));
-    showStretch(offset);
-    count_ = static_cast<std::uint8_t>(std::min(signs(), offset / kCodeLength + kCells));
+    const auto first = static_cast<std::size_t>(std::max(0, firstVisible_ - static_cast<int>(kCodeLength)));
+    showStretch(std::min(first, codes_.size()));
+    count_ = static_cast<std::uint8_t>(std::min(signs(), first / kCodeLength + kCells));
 }
 
 /// What clearing and undo have in common: nothing composed, nothing shown, the border at the first cell.

@@ -75,6 +75,9 @@ class DisplayLine {
     /// Removes the sign that the selected cell shows, and nothing when it shows no sign of the phrase.
     void deleteSelected();
 
+    /// Removes the last sign of the phrase; nothing happens when there is none.
+    void removeLast();
+
     void clearAll();
 
     /// Restores the saved state. When that is missing or damaged, the display is empty and RuntimeError is
@@ -87,7 +90,7 @@ class DisplayLine {
 
     /// Puts signs into the cells from cell 0 on without clearing any; `codes` beyond the twelfth are not
     /// shown.
-    void showFrom0(std::string_view codes) { showCodes(codes, -1); }
+    void showFrom0(std::string_view codes);
 
     /// Clears the pictures of the cells `first` to `last`; borders stay.
     void clearPictures(std::size_t first, std::size_t last);
@@ -116,6 +119,7 @@ class DisplayLine {
     void moveBorderTo(std::size_t cell);
     void showStretch(std::size_t offset, std::size_t signs = kCells);
     void redrawAtCount();
+    void removeAt(std::size_t offset);
     void emptyDisplay();
     void forgetSelection();
 

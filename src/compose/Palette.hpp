@@ -10,6 +10,7 @@
 #include "base/UserInterface.hpp"
 #include "compose/DisplayLine.hpp"
 #include "compose/MissingSignMode.hpp"
+#include "compose/SignFinder.hpp"
 #include "compose/SignImages.hpp"
 
 namespace karvel {
@@ -17,7 +18,8 @@ namespace karvel {
 /// The road that every sign takes to the display line.
 class Insertion {
   public:
-    explicit Insertion(DisplayLine& display) : display_(display) {}
+    /// `finder` learns which signs are used; both must outlive the road.
+    Insertion(DisplayLine& display, SignFinder& finder) : display_(display), finder_(finder) {}
 
     /// How many signs the favourites strip proposes; every insertion starts over.
     [[nodiscard]] int SuggestionCount() const { return SuggestionCount_; }
@@ -28,10 +30,12 @@ class Insertion {
     {
         SuggestionCount_ = 0;
         display_.insert(code, position);
+        finder_.used(std::string(code));
     }
 
   private:
     DisplayLine& display_;
+    SignFinder& finder_;
     int SuggestionCount_ = 0;
 };
 

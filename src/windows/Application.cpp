@@ -11,6 +11,7 @@
 #include "windows/Form1.hpp"
 #include "windows/PictureStore.hpp"
 #include "windows/Prompt.hpp"
+#include "windows/SignMenu.hpp"
 #include "windows/Theme.hpp"
 #include "windows/WindowSet.hpp"
 
@@ -64,6 +65,7 @@ int runApplication(int argc, char** argv)
     }
     Form1 form1(desktop, windows);
     windows.attach(desktop, form1);
+    const SignMenu signMenu(desktop, windows);
     QObject::connect(&prompt, &Prompt::aboutToAsk, &form1, &Form1::showState);
     QObject::connect(&prompt, &Prompt::progress, &form1, &Form1::showProgress);
     form1.showState();

@@ -14,6 +14,7 @@
 #include "compose/SignRepertoire.hpp"
 #include "windows/Desktop.hpp"
 #include "windows/Icons.hpp"
+#include "windows/Keyboard.hpp"
 #include "windows/PageBox.hpp"
 #include "windows/SignButton.hpp"
 #include "windows/SignCell.hpp"
@@ -31,6 +32,7 @@ Form1::Form1(Desktop& desktop, WindowSet& windows) : desktop_(desktop), windows_
     buildCentre();
     buildStatusBar();
     placeOnScreen();
+    keyboard_ = std::make_unique<Keyboard>(desktop_, *this, *find_);
     connect(&desktop_, &Desktop::changed, this, &Form1::showState);
     tasto_[0]->setFocus();
 }

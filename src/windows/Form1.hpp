@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <array>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "base/SignCode.hpp"
@@ -20,6 +21,8 @@ class QBoxLayout;
 namespace karvel {
 
 class Desktop;
+class FindSign;
+class Keyboard;
 class PageBox;
 class SignButton;
 class SignCell;
@@ -105,6 +108,8 @@ class Form1 : public QMainWindow {
     QScrollBar* hScroll1_ = nullptr;
     PageBox* text1_ = nullptr;
     QLabel* pageRange_ = nullptr;
+    FindSign* find_ = nullptr;
+    std::unique_ptr<Keyboard> keyboard_;
     std::array<QLabel*, 3> panels_{};
     std::array<QAction*, 6> modeItems_{};
     QRgb shownWindow_ = 0;

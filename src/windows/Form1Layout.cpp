@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "windows/Desktop.hpp"
+#include "windows/FindSign.hpp"
 #include "windows/Form1.hpp"
 #include "windows/PageBox.hpp"
 #include "windows/SignButton.hpp"
@@ -204,6 +205,8 @@ QBoxLayout* Form1::pageLine()
     row->addWidget(text1_);
     row->addWidget(hScroll1_, 1);
     row->addWidget(pageRange_);
+    find_ = new FindSign(desktop_, *keys_, centre_);
+    row->addWidget(find_);
     return row;
 }
 

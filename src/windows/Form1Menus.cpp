@@ -34,7 +34,7 @@ Form1::Menu Form1::fileMenu()
     return {"File",
             QStringLiteral("&File"),
             {
-                {"stampa", QStringLiteral("&Stampa"), nullptr},
+                {"stampa", QStringLiteral("&Stampa"), nullptr, QStringLiteral("Ctrl+P")},
                 {"Esci", QStringLiteral("&Esci"), [this] { leave(); }},
             }};
 }

@@ -31,6 +31,42 @@ void SquareGrid::add(QWidget* key)
     arrange();
 }
 
+bool SquareGrid::moveFocus(QWidget* from, int key)
+{
+    const auto found = std::ranges::find(keys_, from);
+    if (found == keys_.end()) {
+        return false;
+    }
+    const int last = static_cast<int>(keys_.size()) - 1;
+    int to = static_cast<int>(found - keys_.begin());
+    switch (key) {
+        case Qt::Key_Left:
+            --to;
+            break;
+        case Qt::Key_Right:
+            ++to;
+            break;
+        case Qt::Key_Up:
+            to -= columns_;
+            break;
+        case Qt::Key_Down:
+            to += columns_;
+            break;
+        case Qt::Key_Home:
+            to = 0;
+            break;
+        case Qt::Key_End:
+            to = last;
+            break;
+        default:
+            return false;
+    }
+    if (to >= 0 && to <= last) {
+        keys_[static_cast<std::size_t>(to)]->setFocus(Qt::TabFocusReason);
+    }
+    return true;
+}
+
 QSize SquareGrid::sizeHint() const
 {
     const int rows = rows_ > 0 ? rows_ : 4;

@@ -19,6 +19,10 @@ class SquareGrid : public QWidget {
     /// Keys in a row as they lie now.
     [[nodiscard]] int columns() const { return columns_; }
 
+    /// Moves the focus from `from` to its neighbour in the direction of the arrow key `key`, Home or End;
+    /// false for any other key. At an edge the focus stays.
+    bool moveFocus(QWidget* from, int key);
+
     /// No square is drawn larger than this, in logical pixels.
     void setLargestSide(int side) { largestSide_ = side; }
 

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+#include "base/UserInterface.hpp"
+#include "compose/Palette.hpp"
+
+namespace karvel {
+
+/// Inserts the signs of `utf8` (see readPhrase) one after the other as if their keys were pressed, until one
+/// is refused. What was not known is told in one box. Throws like DisplayLine::insert; the signs before stay.
+void pastePhrase(Palette& palette, UserInterface& ui, std::string_view utf8);
+
+}  // namespace karvel

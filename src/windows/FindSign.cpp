@@ -1,0 +1,177 @@
+#include "windows/FindSign.hpp"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <algorithm>
+
+#include "compose/SignFinder.hpp"
+#include "windows/Desktop.hpp"
+#include "windows/Text.hpp"
+
+namespace karvel {
+
+namespace {
+
+constexpr int kIcon = 40;  // logical pixels
+constexpr int kShown = 8;  // rows before the list scrolls
+
+}  // namespace
+
+FindSign::FindSign(Desktop& desktop, QWidget& stage, QWidget* parent)
+    : QWidget(parent),
+      desktop_(desktop),
+      stage_(stage),
+      field_(new QLineEdit(this)),
+      list_(new QListWidget(&stage))
+{
+    field_->setObjectName(QStringLiteral("findSign"));
+    field_->setPlaceholderText(QStringLiteral("Trova segno (Ctrl+F)"));
+    field_->setAccessibleName(QStringLiteral("Trova segno"));
+    field_->setToolTip(
+        QStringLiteral("numero di Gardiner, codice, valore fonetico o parola della descrizione; "
+                       "Invio inserisce, Spazio passa al segno seguente"));
+    field_->setClearButtonEnabled(true);
+    field_->setMinimumWidth(210);
+    field_->installEventFilter(this);
+    list_->setObjectName(QStringLiteral("foundSigns"));
+    list_->setAccessibleName(QStringLiteral("segni trovati"));
+    list_->setFocusPolicy(Qt::NoFocus);
+    list_->setUniformItemSizes(true);
+    list_->setIconSize({kIcon, kIcon});
+    list_->hide();
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(field_);
+    connect(field_, &QLineEdit::textChanged, this, &FindSign::list);
+    connect(list_, &QListWidget::itemClicked, this, [this] { insertChosen(); });
+}
+
+void FindSign::start()
+{
+    if (!field_->hasFocus()) {
+        before_ = QApplication::focusWidget();
+    }
+    field_->setFocus(Qt::ShortcutFocusReason);
+    field_->selectAll();
+}
+
+void FindSign::list()
+{
+    found_ = desktop_.session().finder().find(utf8(field_->text()), 40);
+    list_->clear();
+    for (const SignInfo* const sign : found_) {
+        const QPixmap picture =
+            desktop_.pictures().scaled(desktop_.session().images().path(sign->code), kIcon, devicePixelRatioF());
+        QIcon icon(picture);
+        icon.addPixmap(picture, QIcon::Selected);  // not tinted: the sign must be seen as it is
+        list_->addItem(new QListWidgetItem(icon, qtext(signCaption(sign->code))));
+    }
+    if (found_.empty() && !field_->text().trimmed().isEmpty()) {
+        auto* const none = new QListWidgetItem(QStringLiteral("nessun segno trovato"), list_);
+        none->setFlags(Qt::NoItemFlags);
+    }
+    list_->setVisible(list_->count() > 0);
+    if (list_->count() == 0) {
+        return;
+    }
+    list_->setCurrentRow(found_.empty() ? -1 : 0);
+    const int rows = std::min(list_->count(), kShown);
+    const int height = std::min(stage_.height(), rows * std::max(kIcon + 4, list_->sizeHintForRow(0)) + 6);
+    const int width = std::min(stage_.width(), 460);
+    list_->setGeometry(stage_.width() - width, stage_.height() - height, width, height);
+    list_->raise();
+}
+
+void FindSign::move(int step)
+{
+    if (!found_.empty()) {
+        const int last = static_cast<int>(found_.size()) - 1;
+        list_->setCurrentRow(std::clamp(list_->currentRow() + step, 0, last));
+    }
+}
+
+/// Several signs with the value typed: there Space takes the next one, elsewhere it parts words.
+bool FindSign::homophonesListed() const
+{
+    const std::string value = asciiTransliteration(utf8(field_->text().trimmed()));
+    const auto says = [&value](const SignInfo* sign) {
+        const std::string values = "/" + std::string(sign->values) + "/";
+        return values.find("/" + value + "/") != std::string::npos;
+    };
+    return found_.size() > 1 && says(found_[0]) && says(found_[1]);
+}
+
+void FindSign::insertChosen()
+{
+    const int row = list_->currentRow();
+    if (row < 0 || row >= static_cast<int>(found_.size())) {
+        return;
+    }
+    const std::string code(found_[static_cast<std::size_t>(row)]->code);
+    desktop_.handle([&] { desktop_.session().palette().pressCode(code); });
+    field_->clear();
+    field_->setFocus();
+}
+
+void FindSign::leave()
+{
+    field_->clear();
+    list_->hide();
+    if (before_ != nullptr) {
+        before_->setFocus();
+    } else {
+        stage_.setFocus();
+    }
+}
+
+bool FindSign::key(int key)
+{
+    switch (key) {
+        case Qt::Key_Escape:
+            leave();
+            return true;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            insertChosen();
+            return true;
+        case Qt::Key_Down:
+            move(1);
+            return true;
+        case Qt::Key_Up:
+            move(-1);
+            return true;
+        case Qt::Key_PageDown:
+            move(kShown);
+            return true;
+        case Qt::Key_PageUp:
+            move(-kShown);
+            return true;
+        case Qt::Key_Space:
+            if (homophonesListed()) {
+                move(1);
+                return true;
+            }
+            return false;
+        default:
+            return false;
+    }
+}
+
+bool FindSign::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == field_ && event->type() == QEvent::KeyPress) {
+        return key(static_cast<QKeyEvent*>(event)->key());
+    }
+    if (watched == field_ && event->type() == QEvent::FocusOut) {
+        list_->hide();
+    }
+    if (watched == field_ && event->type() == QEvent::FocusIn && !field_->text().isEmpty()) {
+        list();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace karvel

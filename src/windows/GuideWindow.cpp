@@ -1,0 +1,117 @@
+#include "windows/GuideWindow.hpp"
+
+#include <QFile>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTextFragment>
+#include <QVBoxLayout>
+
+#include "windows/Desktop.hpp"
+
+namespace karvel {
+
+namespace {
+
+constexpr qreal kLineHeight = 130;  // per cent: a page to be read, not a form to be filled in
+
+/// Air between the lines, pictures no wider than the page.
+void layOut(QTextDocument& document, qreal width)
+{
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        QTextCursor cursor(block);
+        QTextBlockFormat format = block.blockFormat();
+        format.setLineHeight(kLineHeight, QTextBlockFormat::ProportionalHeight);
+        format.setTopMargin(format.headingLevel() > 0 ? 18 : 4);
+        cursor.setBlockFormat(format);
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            QTextCharFormat character = part.fragment().charFormat();
+            if (!character.isImageFormat()) {
+                continue;
+            }
+            QTextImageFormat image = character.toImageFormat();
+            image.setWidth(width);
+            cursor.setPosition(part.fragment().position());
+            cursor.setPosition(part.fragment().position() + part.fragment().length(),
+                               QTextCursor::KeepAnchor);
+            cursor.setCharFormat(image);
+        }
+    }
+}
+
+}  // namespace
+
+Guide::Guide(Desktop& /*desktop*/, QWidget* parent) : QDialog(parent)
+{
+    setObjectName(QStringLiteral("Guide"));
+    setWindowTitle(QStringLiteral("Guida di Karvel"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+
+    auto* const page = new QTextBrowser(this);
+    page->setObjectName(QStringLiteral("page"));
+    page->setAccessibleName(QStringLiteral("guida"));
+    page->setOpenExternalLinks(true);
+    page->setSearchPaths({QStringLiteral(":/guida")});
+    page->document()->setDocumentMargin(24);
+    QFile file(QStringLiteral(":/guida/guida.md"));
+    if (file.open(QIODevice::ReadOnly)) {
+        page->document()->setBaseUrl(QUrl(QStringLiteral("qrc:/guida/")));
+        page->document()->setMarkdown(QString::fromUtf8(file.readAll()));
+    }
+    layOut(*page->document(), 620);
+
+    auto* const chapters = new QListWidget(this);
+    chapters->setObjectName(QStringLiteral("chapters"));
+    chapters->setAccessibleName(QStringLiteral("capitoli"));
+    chapters->setMaximumWidth(240);
+    for (QTextBlock block = page->document()->begin(); block.isValid(); block = block.next()) {
+        const int level = block.blockFormat().headingLevel();
+        if (level == 1 || level == 2) {
+            auto* const item = new QListWidgetItem(block.text(), chapters);
+            item->setData(Qt::UserRole, block.position());
+        }
+    }
+    connect(chapters, &QListWidget::currentItemChanged, page, [page](const QListWidgetItem* item) {
+        if (item == nullptr) {
+            return;
+        }
+        QTextCursor cursor(page->document());
+        cursor.movePosition(QTextCursor::End);
+        page->setTextCursor(cursor);  // from the end, so that the heading comes to the top of the page
+        cursor.setPosition(item->data(Qt::UserRole).toInt());
+        page->setTextCursor(cursor);
+    });
+
+    auto* const find = new QLineEdit(this);
+    find->setObjectName(QStringLiteral("find"));
+    find->setPlaceholderText(QStringLiteral("Cerca nella guida"));
+    find->setAccessibleName(find->placeholderText());
+    connect(find, &QLineEdit::returnPressed, page, [page, find] {
+        if (!page->find(find->text())) {
+            page->moveCursor(QTextCursor::Start);
+            page->find(find->text());
+        }
+    });
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, find,
+            [find] { find->setFocus(); });
+    auto* const close = new QPushButton(QStringLiteral("Chiudi"), this);
+    close->setAutoDefault(false);
+    connect(close, &QPushButton::clicked, this, &Guide::close);
+
+    auto* const side = new QVBoxLayout;
+    side->addWidget(chapters, 1);
+    side->addWidget(find);
+    side->addWidget(close);
+    auto* const row = new QHBoxLayout(this);
+    row->addLayout(side);
+    row->addWidget(page, 1);
+    resize(960, 680);
+    page->setFocus();
+}
+
+}  // namespace karvel

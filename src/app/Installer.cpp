@@ -10,7 +10,9 @@
 
 #if defined(_WIN32)
 #define WIN32_LEAN_AND_MEAN
+#if !defined(NOMINMAX)
 #define NOMINMAX
+#endif
 #include <windows.h>
 #endif
 
@@ -116,7 +118,16 @@ std::optional<fs::path> findDataTree(const fs::path& program)
 
 std::size_t installTree(const fs::path& tree, const Drives& drives)
 {
-    return copyMissing(tree, "C:\\programmi\\Karvel", drives);
+    constexpr const char* kRoot = "C:\\programmi\\Karvel";
+    std::size_t copied = copyMissing(tree, kRoot, drives);
+    // The credits belong to the data and lie beside them wherever they go.
+    const fs::path credits = tree.parent_path() / "CREDITS.md";
+    const fs::path target = drives.toHost(std::string(kRoot) + "\\CREDITS.md");
+    if (fs::exists(credits) && !fs::exists(target)) {
+        copyWhole(credits, target);
+        ++copied;
+    }
+    return copied;
 }
 
 }  // namespace karvel

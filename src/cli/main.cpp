@@ -8,9 +8,12 @@
 
 #if defined(_WIN32)
 #define WIN32_LEAN_AND_MEAN
+#if !defined(NOMINMAX)
 #define NOMINMAX
-#include <shellapi.h>
+#endif
 #include <windows.h>
+
+#include <shellapi.h>
 
 #include <filesystem>
 

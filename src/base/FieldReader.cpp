@@ -267,7 +267,7 @@ void FieldReader::fields(std::span<std::string_view> fields)
 std::int64_t FieldReader::wholeNumber(std::int64_t lowest, std::int64_t highest)
 {
     std::string_view text = field();
-    if (text.starts_with('+')) {
+    if (text.starts_with('+') && !text.starts_with("+-")) {
         text.remove_prefix(1);
     }
     if (text.find_first_not_of("0123456789+-.eE") != std::string_view::npos) {
@@ -276,6 +276,9 @@ std::int64_t FieldReader::wholeNumber(std::int64_t lowest, std::int64_t highest)
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::result_out_of_range) {
+        if (text.find('-', 1) != std::string_view::npos) {
+            return 0;  // a negative exponent: too small for a fraction, not too large
+        }
         throw RuntimeError(ErrorNumber::Overflow);
     }
     if (error != std::errc() || end != text.data() + text.size()) {

@@ -6,10 +6,24 @@
 
 namespace karvel::cli {
 
+namespace {
+
+/// A tab or a line end inside a field would part what belongs together: it becomes a blank.
+std::string oneLine(std::string_view field)
+{
+    std::string text = decode(field);
+    for (std::size_t at = 0; (at = text.find_first_of("\t\r\n", at)) != std::string::npos; ++at) {
+        text.replace(at, text.compare(at, 2, "\r\n") == 0 ? 2 : 1, " ");
+    }
+    return text;
+}
+
+}  // namespace
+
 void Output::entry(const RawRecord& record)
 {
-    line(decode(record.signs) + '\t' + decode(record.translation) + '\t' + decode(record.transliteration) +
-         '\t' + decode(record.note));
+    line(oneLine(record.signs) + '\t' + oneLine(record.translation) + '\t' + oneLine(record.transliteration) +
+         '\t' + oneLine(record.note));
 }
 
 void Output::line(std::string_view utf8)

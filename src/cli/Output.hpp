@@ -7,7 +7,7 @@
 
 namespace karvel::cli {
 
-/// Standard output in large pieces.
+/// Standard output in large pieces. Whether all of it could be written is for `main` to ask in the end.
 class Output {
   public:
     ~Output() { flush(); }
@@ -15,7 +15,8 @@ class Output {
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
-    /// Signs, translation, transliteration and note as stored, parted by tabs, on one line.
+    /// Signs, translation, transliteration and note as stored, parted by tabs, on one line; a tab or a line
+    /// end inside a field is shown as a blank.
     void entry(const RawRecord& record);
     void line(std::string_view utf8);
     void flush();

@@ -100,7 +100,11 @@ Arguments argumentsOf(int argc, char** argv)
 int main(int argc, char** argv)
 {
     try {
-        return static_cast<int>(run(argumentsOf(argc, argv)));
+        const Exit outcome = run(argumentsOf(argc, argv));
+        if (std::ferror(stdout) == 0) {
+            return static_cast<int>(outcome);
+        }
+        complain("karvel-cli: i risultati non si sono potuti scrivere tutti.");
     } catch (const UsageError& error) {
         complain("karvel-cli: " + error.message());
         complain("Uso: karvel-cli COMANDO [ARGOMENTI]; karvel-cli --help elenca i comandi.");

@@ -32,9 +32,9 @@ bool RecordReader::next()
     return true;
 }
 
-DictionaryEntry RecordReader::last() const
+std::optional<DictionaryEntry> RecordReader::last() const
 {
-    return current_ ? record_.decoded() : kept_;
+    return current_ ? std::optional(record_.decoded()) : kept_;
 }
 
 }  // namespace karvel

@@ -1,6 +1,8 @@
 #include "dictionary/Verification.hpp"
 
+#include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -61,13 +63,22 @@ class LineCounter : public ByteSource {
     bool afterCr_ = false;
 };
 
+bool spansLines(std::string_view field)
+{
+    return field.find_first_of("\r\n") != std::string_view::npos;
+}
+
+constexpr std::string_view kUnclosed = "virgolette aperte e mai chiuse";
+
 std::string doubt(const std::array<std::string_view, 4>& fields)
 {
-    if (!isSignSequence(fields[0])) {
-        std::string shown = decode(fields[0].substr(0, 40));
-        return "il campo dei segni non è una sequenza di codici: \"" + shown + "\"";
+    if (isSignSequence(fields[0])) {
+        return {};
     }
-    return {};
+    if (spansLines(fields[0])) {
+        return std::string(kUnclosed);
+    }
+    return "il campo dei segni non è una sequenza di codici: \"" + decode(fields[0].substr(0, 40)) + "\"";
 }
 
 }  // namespace
@@ -78,6 +89,13 @@ Verification verify(ByteSource& dictionary)
     LineCounter lines(dictionary);
     FieldReader reader(lines);
     std::uint64_t begin = 1;
+    // An unclosed quote runs on to the next one and shifts every field behind it: what shows is a fault of
+    // the record that follows, what a person must mend is the record with a field over several lines.
+    std::optional<std::uint64_t> spanning;
+    const auto fault = [&](std::string reason) {
+        result.records -= spanning ? 1 : 0;
+        return spanning ? Fault{*spanning, std::string(kUnclosed)} : Fault{begin, std::move(reason)};
+    };
     try {
         for (;;) {
             std::array<std::string_view, 4> fields;
@@ -88,18 +106,19 @@ Verification verify(ByteSource& dictionary)
             begin = before;
             reader.fields(fields);
             if (std::string reason = doubt(fields); !reason.empty()) {
-                result.fault = Fault{begin, std::move(reason)};
+                result.fault = fault(std::move(reason));
                 return result;
             }
             ++result.records;
+            spanning = std::ranges::any_of(fields, spansLines) ? std::optional(begin) : std::nullopt;
         }
     } catch (const RuntimeError& error) {
         if (error.number() != ErrorNumber::InputPastEnd) {
             throw;
         }
         result.fault =
-            Fault{begin, reader.insideQuote() ? "virgolette aperte e mai chiuse"
-                                              : "voce incompleta: il file finisce prima del quarto campo"};
+            fault(reader.insideQuote() ? std::string(kUnclosed)
+                                       : "voce incompleta: il file finisce prima del quarto campo");
         return result;
     }
 }

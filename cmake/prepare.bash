@@ -1,0 +1,65 @@
+# What ./run and ./test share: the Debian packages that they need, and the build. Sourced, with `root` set.
+# Everything said here goes to standard error, so that the output of a command stays its own.
+
+say() { printf '%s\n' "$*" >&2; }
+
+# Installs those of the packages given that are missing. Asking takes a few hundredths of a second.
+need_packages() {
+    local missing=() package status
+    if ! command -v dpkg-query >/dev/null; then
+        command -v cmake >/dev/null && command -v ninja >/dev/null && command -v c++ >/dev/null && return
+        say "Questo non è un sistema Debian: servono gli equivalenti di questi pacchetti: $*"
+        return 1
+    fi
+    status=" $(dpkg-query -W -f '${db:Status-Status}:${Package} ' "$@" 2>/dev/null || true)"
+    for package in "$@"; do
+        [[ $status == *" installed:$package "* ]] || missing+=("$package")
+    done
+    ((${#missing[@]} == 0)) && return
+    local as_root=()
+    if ((EUID != 0)); then
+        if ! command -v sudo >/dev/null; then
+            say "Mancano dei pacchetti. Come amministratore: apt-get install --no-install-recommends ${missing[*]}"
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    say "Installo: ${missing[*]}"
+    # An index that cannot be fetched matters only if the packages then cannot be installed.
+    "${as_root[@]}" apt-get -qq update >&2 || true
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get -qq -y -o Dpkg::Use-Pty=0 install --no-install-recommends "${missing[@]}" >&2
+}
+
+# Shows how far a build is on one line of a terminal, and everything else that it says as it is.
+show_progress() {
+    local line shown=''
+    while IFS= read -r line; do
+        case $line in
+            '['*'/'*']'*)
+                [[ -t 2 ]] || continue
+                shown=${line%%]*}]
+                printf '\r%s ' "$shown" >&2
+                ;;
+            'ninja: no work to do.' | 'ninja: Entering directory'*) ;;
+            *) printf '%s%s\n' "${shown:+$'\n'}" "$line" >&2; shown='' ;;
+        esac
+    done
+    [[ -z $shown ]] || printf '\n' >&2
+}
+
+# Builds the preset given in build/PRESET; quiet when nothing is to do.
+build() {
+    local preset=$1 directory=$root/build/$1 cache
+    mkdir -p "$root/build"
+    exec {lock}>"$root/build/.$preset.lock"
+    flock "$lock"
+    cache=$directory/CMakeCache.txt
+    # A tree that was moved or copied with its build is configured anew.
+    if [[ ! -f $directory/build.ninja ]] || ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$cache"; then
+        say 'Preparo la compilazione; la prima volta dura qualche minuto.'
+        (cd "$root" && cmake --fresh --preset "$preset" >"$directory.log" 2>&1) || { cat "$directory.log" >&2; return 1; }
+    fi
+    ninja -C "$directory" 2>&1 | show_progress
+    exec {lock}>&-
+}

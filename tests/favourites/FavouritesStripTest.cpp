@@ -124,7 +124,7 @@ TEST_F(FavouritesStripTest, TakesTheSignFromAFixedPlaceOfThePath)
         {gr("h49"), "h49"},
         {"c:\\programmi\\karvel\\gr\\a01.gif", "a01"},
         {"D:\\segni però di Luxor\\b02.gif", "b02"},  // counted in characters, not in bytes
-        {"C:\\Segni, note e appunti\\c03.gif", "\\c0"},
+        {"C:\\Segni, note e appunti\\c03.gif", "i\\c"},
         {"C:\\i miei segni di Abido\\a01.gif", "o\\a"},             // whatever stands there
         {"C:\\i miei segni di Giz\xC3\xA0\xC3\xA8\\.gif", "?\\."},  // no text that a phrase can hold
         {"C:\\GR\\a01.gif", ""},

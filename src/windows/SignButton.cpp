@@ -1,5 +1,6 @@
 #include "windows/SignButton.hpp"
 
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
@@ -40,6 +41,15 @@ void SignButton::leaveEvent(QEvent* event)
 {
     QAbstractButton::leaveEvent(event);
     update();
+}
+
+void SignButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+    } else {
+        QAbstractButton::keyPressEvent(event);
+    }
 }
 
 void SignButton::paintEvent(QPaintEvent* /*event*/)

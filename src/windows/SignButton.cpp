@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "compose/SignRepertoire.hpp"
+#include "windows/SquareGrid.hpp"
 #include "windows/Text.hpp"
 #include "windows/Theme.hpp"
 
@@ -47,7 +48,10 @@ void SignButton::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         click();
-    } else {
+        return;
+    }
+    auto* const grid = qobject_cast<SquareGrid*>(parentWidget());
+    if (grid == nullptr || !grid->moveFocus(this, event->key())) {
         QAbstractButton::keyPressEvent(event);
     }
 }

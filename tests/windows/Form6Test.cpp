@@ -113,6 +113,22 @@ class TestForm6 : public QObject {
         QCOMPARE(stage.session().display().DisplayCodes(), std::string("a02"));
     }
 
+    void theArrowKeysMoveAmongTheSignsOfTheCard()
+    {
+        Stage stage;
+        writeCards(stage, "corta\r\n", {{"corta", "b03\r\nb04\r\nb05\r\n"}});
+        Cards cards(stage);
+        cards.openTab(1);
+        const auto focused = [&cards] { return cards.window().focusWidget()->objectName(); };
+        cards.control<QWidget>(element("Cmd", 0))->setFocus();
+        const std::pair<Qt::Key, std::size_t> steps[] = {
+            {Qt::Key_Right, 1}, {Qt::Key_Down, 1}, {Qt::Key_End, 2}, {Qt::Key_Right, 2}, {Qt::Key_Home, 0}};
+        for (const auto& [key, reached] : steps) {
+            QTest::keyClick(cards.window().focusWidget(), key);
+            QCOMPARE(focused(), element("Cmd", reached));
+        }
+    }
+
     void cardsShowTheInstallationsImages()
     {
         Stage stage;

@@ -38,7 +38,7 @@ QWidget* Form1::favouriteKeys()
     auto* const layers = new QGridLayout(strip);
     layers->setContentsMargins(2, 2, 2, 2);
     noFavourites_ = new QLabel(QStringLiteral("Nessun preferito: F4 inserisce il segno scelto per ultimo,\n"
-                                              "«memoria >» mostra le pagine pronte"),
+                                              "il menu Preferiti mostra le pagine pronte"),
                                strip);
     noFavourites_->setAlignment(Qt::AlignCenter);
     layers->addWidget(noFavourites_, 0, 0);

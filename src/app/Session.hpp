@@ -15,6 +15,7 @@
 #include "dictionary/DictionaryEntry.hpp"
 #include "dictionary/SearchModes.hpp"
 #include "dictionary/TranslationLookup.hpp"
+#include "favourites/FavouritesStrip.hpp"
 #include "settings/Colours.hpp"
 
 namespace karvel {
@@ -36,6 +37,7 @@ class Session : private ResultView {
     [[nodiscard]] Palette& palette() { return palette_; }
     [[nodiscard]] Insertion& insertion() { return insertion_; }
     [[nodiscard]] const SignFinder& finder() const { return finder_; }
+    [[nodiscard]] FavouritesStrip& favourites() { return favourites_; }
     [[nodiscard]] Colours& colours() { return colours_; }
     [[nodiscard]] LastResult& last() { return last_; }
     [[nodiscard]] ResultView& resultView() { return *this; }
@@ -80,6 +82,7 @@ class Session : private ResultView {
     SignFinder finder_;
     Insertion insertion_;
     Palette palette_;
+    FavouritesStrip favourites_;
 };
 
 }  // namespace karvel

@@ -317,6 +317,13 @@ void DisplayLine::undo()
 void DisplayLine::dropLastCode()
 {
     codes_.resize(codes_.size() - std::min(codes_.size(), kCodeLength));
+    // Its cell may go on showing it: such a cell no longer stands for a sign of the phrase, nor for the one
+    // that is composed next in its place.
+    for (Cell& cell : cells_) {
+        if (cell.offset >= static_cast<int>(codes_.size())) {
+            cell.offset = -1;
+        }
+    }
 }
 
 void DisplayLine::consume(std::size_t characters)

@@ -64,6 +64,7 @@ void Form1::showState()
     showModes();
     showDisplay();
     showPalette();
+    showFavourites();
     Session& session = desktop_.session();
     panels_[0]->setText(qtext(session.termsPanel));
     panels_[1]->setText(QStringLiteral("Segni: %1").arg(session.display().signs()));

@@ -76,6 +76,7 @@ class Form1 : public QMainWindow {
     [[nodiscard]] QWidget* displayLine();
     [[nodiscard]] QBoxLayout* displayButtons();
     [[nodiscard]] QBoxLayout* favouritesStrip();
+    [[nodiscard]] QWidget* favouriteKeys();
     [[nodiscard]] QBoxLayout* pageLine();
     void buildStatusBar();
     void placeOnScreen();
@@ -85,6 +86,7 @@ class Form1 : public QMainWindow {
     void showIcons();
     void showDisplay();
     void showPalette();
+    void showFavourites();
     void showModes();
 
     void leave();
@@ -102,7 +104,9 @@ class Form1 : public QMainWindow {
     QToolButton* deleteSign_ = nullptr;
     QPushButton* command12_ = nullptr;
     std::array<SignButton*, kFavourites> cmd_{};
+    QLabel* noFavourites_ = nullptr;  ///< what an empty strip says
     QLabel* label2_ = nullptr;
+    std::array<QToolButton*, 5> panel_{};  ///< what deletes favourites
     SquareGrid* keys_ = nullptr;
     std::array<SignButton*, kKeys> tasto_{};
     QScrollBar* hScroll1_ = nullptr;

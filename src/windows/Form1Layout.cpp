@@ -124,52 +124,6 @@ QBoxLayout* Form1::displayButtons()
     return row;
 }
 
-QBoxLayout* Form1::favouritesStrip()
-{
-    const auto hidden = [this](const char* name, const QString& caption, const QString& tooltip) {
-        QToolButton* const made = button(name, tooltip, nullptr);
-        made->setText(caption);
-        made->hide();
-        return made;
-    };
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(kGap / 2);
-    QToolButton* const previous =
-        button("Command5", QStringLiteral("pagina precedente dei preferiti"), nullptr);
-    previous->setText(QStringLiteral("< memoria"));
-    QToolButton* const next = button("Command6", QStringLiteral("pagina seguente dei preferiti"), nullptr);
-    next->setText(QStringLiteral("memoria >"));
-    row->addWidget(previous);
-    auto* const strip = new QWidget(centre_);
-    strip->setObjectName(QStringLiteral("strip"));
-    strip->setFixedHeight(56);
-    auto* const keys = new QHBoxLayout(strip);
-    keys->setContentsMargins(0, 0, 0, 0);
-    keys->setSpacing(3);
-    for (std::size_t i = 0; i < cmd_.size(); ++i) {
-        cmd_[i] = new SignButton(desktop_.pictures(), strip);
-        cmd_[i]->setObjectName(element("Cmd", i));
-        cmd_[i]->setAccessibleName(QStringLiteral("preferito %1").arg(i + 1));
-        cmd_[i]->setFixedSize(56, 56);
-        cmd_[i]->hide();
-        keys->addWidget(cmd_[i]);
-    }
-    row->addWidget(strip);
-    row->addWidget(next);
-    label2_ = label("Label2", centre_);
-    row->addWidget(label2_);
-    row->addSpacing(kGap);
-    row->addWidget(hidden("Co3", QStringLiteral("<"), QStringLiteral("Seleziona preferito di sinistra")));
-    row->addWidget(hidden("Co2", QStringLiteral(">"), QStringLiteral("Seleziona preferito di destra")));
-    row->addWidget(
-        hidden("Co4", QStringLiteral("canc"), QStringLiteral("Cancella il preferito selezionato")));
-    row->addWidget(hidden("Command2", QStringLiteral("tutti"),
-                          QStringLiteral("Cancella tutti i preferiti visualizzati")));
-    row->addWidget(hidden("Co5", QString(), QStringLiteral("Chiude questo pannello comandi")));
-    row->addStretch(1);
-    return row;
-}
-
 QBoxLayout* Form1::pageLine()
 {
     Palette& palette = desktop_.session().palette();

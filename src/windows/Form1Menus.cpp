@@ -5,6 +5,7 @@
 #include "app/Views.hpp"
 #include "windows/Desktop.hpp"
 #include "windows/Form1.hpp"
+#include "windows/Form6.hpp"
 #include "windows/Text.hpp"
 #include "windows/WindowSet.hpp"
 
@@ -52,20 +53,6 @@ Form1::Menu Form1::optionsMenu()
         }};
 }
 
-Form1::Menu Form1::favouritesMenu()
-{
-    return {"preferiti",
-            QStringLiteral("&Preferiti"),
-            {
-                {"prefins", QStringLiteral("&Visualizza preferiti"), nullptr},
-                {"inserici", QStringLiteral("&Inserisci preferiti"), nullptr, QStringLiteral("F4")},
-                {"elim", QStringLiteral("&Elimina preferiti"), nullptr},
-                {"nascondi", QStringLiteral("&Nascondi preferiti"), nullptr},
-                {"sep", QStringLiteral("&Load preferiti"), nullptr},
-                {"salva", QStringLiteral("&Save preferiti"), nullptr},
-            }};
-}
-
 Form1::Menu Form1::searchMenu()
 {
     const auto choose = [this](Mode mode) {
@@ -100,7 +87,7 @@ void Form1::buildMenus()
     addMenu({"visua",
              QStringLiteral("&Visualizza"),
              {{"tradotte", QStringLiteral("&Parole tradotte"), nullptr},
-              {"schede", QStringLiteral("&Schede"), nullptr}}});
+              {"schede", QStringLiteral("&Schede"), [this] { windows_.open<Form6>(); }}}});
     addMenu({"tipo",
              QStringLiteral("Tipo di &Inserimento"),
              {{"facilitato", QStringLiteral("&Facilitato"), nullptr},

@@ -1,10 +1,12 @@
 #include "windows/SignButton.hpp"
 
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
 
 #include "compose/SignRepertoire.hpp"
+#include "windows/SquareGrid.hpp"
 #include "windows/Text.hpp"
 #include "windows/Theme.hpp"
 
@@ -40,6 +42,18 @@ void SignButton::leaveEvent(QEvent* event)
 {
     QAbstractButton::leaveEvent(event);
     update();
+}
+
+void SignButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+        return;
+    }
+    auto* const grid = qobject_cast<SquareGrid*>(parentWidget());
+    if (grid == nullptr || !grid->moveFocus(this, event->key())) {
+        QAbstractButton::keyPressEvent(event);
+    }
 }
 
 void SignButton::paintEvent(QPaintEvent* /*event*/)

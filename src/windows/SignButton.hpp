@@ -30,6 +30,8 @@ class SignButton : public QAbstractButton {
     void paintEvent(QPaintEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    /// Enter presses the key, as the space bar does; the arrow keys move the focus in a grid.
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     PictureStore& pictures_;

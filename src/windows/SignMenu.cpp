@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMimeData>
 
+#include "base/SignCode.hpp"
 #include "compose/PhraseText.hpp"
 #include "compose/SignRepertoire.hpp"
 #include "windows/Desktop.hpp"
@@ -50,7 +51,7 @@ SignMenu::SignMenu(Desktop& desktop, WindowSet& windows) : desktop_(desktop), wi
 bool SignMenu::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::ContextMenu) {
-        if (const std::string code = codeOf(watched); !code.empty()) {
+        if (const std::string code = codeOf(watched); isSignCode(code)) {
             popUp(code, static_cast<QContextMenuEvent*>(event)->globalPos());
             return true;
         }

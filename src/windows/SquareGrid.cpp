@@ -37,7 +37,10 @@ bool SquareGrid::moveFocus(QWidget* from, int key)
     if (found == keys_.end()) {
         return false;
     }
-    const int last = static_cast<int>(keys_.size()) - 1;
+    int last = static_cast<int>(keys_.size()) - 1;
+    while (last > 0 && keys_[static_cast<std::size_t>(last)]->isHidden()) {
+        --last;  // a card fills its keys from the first one on
+    }
     int to = static_cast<int>(found - keys_.begin());
     switch (key) {
         case Qt::Key_Left:

@@ -48,20 +48,37 @@ class InstalledTree(unittest.TestCase):
         for name, value in expected.items():
             self.assertEqual(self.lines(f"settaggi/{name}"), [value])
 
-    def test_favourites_and_cards_name_pictures_that_are_there(self):
-        favourites = self.lines("prefe/pre1.prf")
-        self.assertEqual(len(favourites), 8)
-        codes = []
-        for path in favourites:
-            # The program takes the code at a fixed place of the path.
-            self.assertRegex(path, r"^C:\\Programmi\\Karvel\\GR\\[a-p]\d\d\.gif$")
-            codes.append(path[23:26])
-        card = self.lines("GeroLink/uomini.txt")
-        self.assertLessEqual(len(card), 48)
-        for group in (codes, card):
-            self.assertEqual(len(set(group)), len(group))
-            self.assertNotIn("p47", group)
-            self.assertEqual([c for c in group if not (TREE / f"GR/{c}.gif").is_file()], [])
+    def missing(self, codes):
+        self.assertEqual(len(set(codes)), len(codes))
+        self.assertNotIn("p47", codes)
+        return [code for code in codes if not (TREE / f"GR/{code}.gif").is_file()]
+
+    def test_pages_of_favourites_name_pictures_that_are_there(self):
+        pages = list((TREE / "prefe").iterdir())
+        self.assertGreaterEqual(len(pages), 12)
+        # Turned with two buttons: a gap would show the page before under the wrong name.
+        self.assertEqual({page.name for page in pages}, {f"pre{n}.prf" for n in range(1, len(pages) + 1)})
+        for page in pages:
+            lines = self.lines(f"prefe/{page.name}")
+            self.assertEqual((len(lines), lines[8]), (9, ""), page.name)
+            paths = [line for line in lines[:8] if line]
+            self.assertTrue(paths, page.name)
+            for path in paths:
+                # The program takes the code at a fixed place of the path.
+                self.assertRegex(path, r"^C:\\Programmi\\Karvel\\GR\\[a-p]\d\d\.gif$")
+            self.assertEqual(self.missing([path[23:26] for path in paths]), [], page.name)
+
+    def test_every_card_is_listed_and_holds_signs_that_are_there(self):
+        names = self.lines("GeroLink/speciale.txt")
+        self.assertGreaterEqual(len(names), 8)
+        files = {path.name for path in (TREE / "GeroLink").iterdir()}
+        # The first card is shown by itself; were it listed, it could be changed and deleted.
+        self.assertEqual(files, {f"{name}.txt" for name in names} | {"uomini.txt", "speciale.txt"})
+        for name in [*names, "uomini"]:
+            self.assertRegex(name, r"^[A-Za-z]{2,40}$")
+            codes = self.lines(f"GeroLink/{name}.txt")
+            self.assertTrue(1 <= len(codes) <= 48, name)
+            self.assertEqual(self.missing(codes), [], name)
 
     def test_dictionary_has_only_keys_of_the_palette(self):
         fields = self.lines("dizio.txt")

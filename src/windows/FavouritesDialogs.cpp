@@ -1,0 +1,74 @@
+#include "windows/FavouritesDialogs.hpp"
+
+#include <QFileDialog>
+
+#include "app/Session.hpp"
+#include "windows/Text.hpp"
+
+namespace karvel {
+
+namespace {
+
+/// The host's file dialog over the directory of the pages: the user sees and picks real files.
+void prepare(QFileDialog& dialog, const Session& session, const QString& title, const QStringList& filters)
+{
+    dialog.setObjectName(QStringLiteral("CommonDialog"));
+    dialog.setWindowTitle(title);
+    dialog.setDirectory(qtext(utf8Path(session.files().drives().toHost(kPageDirectory))));
+    dialog.setNameFilters(filters);
+    dialog.setViewMode(QFileDialog::List);
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Cerca in:"));
+    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nome file:"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Tipo file:"));
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Annulla"));
+}
+
+/// The file chosen, in the system's form where it lies on one of the system's drives; empty for none.
+std::string chosen(QFileDialog& dialog, const Session& session)
+{
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return {};
+    }
+    return session.files().drives().toSystem(hostPath(utf8(dialog.selectedFiles().constFirst())));
+}
+
+}  // namespace
+
+std::string chooseFileToSave(QWidget& parent, Session& session)
+{
+    const QString title = QStringLiteral("Salva file (preferiti)");
+    QFileDialog dialog(&parent);
+    prepare(dialog, session, title, {QStringLiteral("prf (*)")});
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Salva"));
+    // Its own question would ask about the name without the ending.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    for (;;) {
+        std::string name = chosen(dialog, session);
+        if (name.empty() || !session.files().exists(name + ".prf")) {
+            return name;
+        }
+        const Button answer = session.ui().ask({.title = utf8(title),
+                                                .text = name + ".prf\resiste già.\r\rSostituirlo ?",
+                                                .icon = Icon::Question,
+                                                .buttons = Buttons::YesNo,
+                                                .defaultButton = Button::No});
+        if (answer == Button::Yes) {
+            return name;
+        }
+    }
+}
+
+std::string chooseFileToLoad(QWidget& parent, Session& session)
+{
+    QFileDialog dialog(&parent);
+    prepare(dialog, session, QStringLiteral("Seleziona un file (preferiti)"),
+            {QStringLiteral("prf (*)"), QStringLiteral("Tutti i file (*)")});
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Apri"));
+    return chosen(dialog, session);
+}
+
+}  // namespace karvel

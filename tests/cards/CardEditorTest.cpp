@@ -1,0 +1,306 @@
+#include "cards/CardEditor.hpp"
+
+#include <gtest/gtest.h>
+
+#include "app/Session.hpp"
+#include "support/ScriptedUi.hpp"
+#include "support/TemporaryDrive.hpp"
+
+namespace karvel {
+namespace {
+
+using testing::FakePictures;
+using testing::RecordedWindows;
+using testing::ScriptedUi;
+using testing::TemporaryDrive;
+
+const std::string kDirectory(kCardDirectory);
+
+MessageBox attention(const std::string& text, Icon icon = Icon::Exclamation)
+{
+    return {.title = "Attenzione:", .text = text, .icon = icon};
+}
+
+MessageBox question(const std::string& text)
+{
+    return {
+        .title = "Domanda di sistema:", .text = text, .icon = Icon::Question, .buttons = Buttons::OkCancel};
+}
+
+MessageBox deletion(const std::string& name)
+{
+    MessageBox box = question("Elimino la scheda [" + name + "] ?");
+    box.defaultButton = Button::Cancel;
+    return box;
+}
+
+MessageBox gone(const std::string& name)
+{
+    return {
+        .title = "Attenzione:",
+        .text = "Il file della scheda [" + name + "] non c'è più.\rTolgo il nome dall'elenco delle schede ?",
+        .icon = Icon::Exclamation,
+        .buttons = Buttons::YesNo,
+        .defaultButton = Button::No};
+}
+
+class CardEditorTest : public ::testing::Test {
+  protected:
+    CardEditorTest()
+    {
+        drive.writeSettings();
+        drive.write(kFirstCardPath, "a01\r\na02\r\n");
+        drive.write(kCardListPath, "donne\r\ndei\r\n");
+        drive.write(kDirectory + "donne.txt", "b03\r\nb04\r\n");
+        drive.write(kDirectory + "dei.txt", "b10\r\n");
+        session.palette().loadPage();
+    }
+
+    /// The card shown, its place in the list and its fields, in one line.
+    [[nodiscard]] std::string shown() const
+    {
+        std::string text = editor.name() + (editor.current() ? std::to_string(*editor.current()) : "-");
+        for (const std::string& field : editor.fields()) {
+            text += " " + field;
+        }
+        return text;
+    }
+
+    void compose(const std::string& codes)
+    {
+        session.display().clearAll();
+        for (const auto code : splitCodes(codes)) {
+            session.palette().pressCode(std::string(code));
+        }
+    }
+
+    TemporaryDrive drive;
+    FakePictures pictures;
+    ScriptedUi ui;
+    RecordedWindows windows;
+    Session session{drive.files(), pictures, ui, windows};
+    CardEditor editor{drive.files(), ui, session.display(), session.palette()};
+};
+
+TEST_F(CardEditorTest, OpensOnTheFirstCardAndReopensTheLastOne)
+{
+    editor.open();
+    EXPECT_EQ(shown(), "UOMINI- a01 a02");
+    editor.load(1);
+    EXPECT_EQ(shown(), "DEI1 b10");
+    EXPECT_EQ(drive.read(kLastCardPath), "DEI\r\n");
+    CardEditor again{drive.files(), ui, session.display(), session.palette()};
+    again.open();
+    EXPECT_EQ(again.name(), "DEI");
+
+    for (const std::string_view note : {"SPARITA\r\n", "..\\..\\dizio\r\n", "\"", ""}) {
+        drive.write(kLastCardPath, note);
+        CardEditor other{drive.files(), ui, session.display(), session.palette()};
+        other.open();
+        EXPECT_EQ(other.name(), "UOMINI") << note;
+    }
+}
+
+TEST_F(CardEditorTest, ListsOnlyWhatCanBeACard)
+{
+    drive.write(kCardListPath, "..\\dizio\r\nDei\r\ndei\r\nuomini\r\ncon\r\n\r\ndonne\r\n");
+    editor.open();
+    EXPECT_EQ(editor.names(), (std::vector<std::string>{"Dei", "donne"}));
+}
+
+TEST_F(CardEditorTest, PressingASignWritesItAsAPaletteKeyDoes)
+{
+    drive.write(kDirectory + "dei.txt", "b10,nulla\r\np47\r\n");
+    editor.open();
+    editor.press(1);
+    editor.press(2);  // no sign there
+    EXPECT_EQ(session.display().DisplayCodes(), "a02");
+    EXPECT_EQ(session.palette().codePanel(), "Codice: a02");
+    editor.load(1);
+    editor.press(0);
+    editor.press(1);
+    EXPECT_EQ(session.display().DisplayCodes(), "a02b10");
+    ui.expect({.title = "Informazione",
+               .text = "Hai selezionato un carattere speciale che attiva la ricerca 'Geroglifico mancante'",
+               .icon = Icon::Information});
+    editor.press(2);
+    EXPECT_TRUE(session.modes().is(Mode::MissingSign));
+    while (session.display().signs() < 84) {
+        editor.press(0);
+    }
+    ui.expect({.title = "SISTEMA", .text = "attenzione limite massimo caratteri 84", .icon = Icon::Critical});
+    editor.press(0);
+}
+
+TEST_F(CardEditorTest, MakesACardAndRefusesNamesThatWouldReachElsewhere)
+{
+    editor.open();
+    ui.answerInput("  prova ");
+    editor.create();
+    EXPECT_EQ(shown(), "PROVA2 a01");
+    EXPECT_EQ(drive.read(kCardListPath), "donne\r\ndei\r\nprova\r\n");
+
+    ui.answerInput(std::nullopt);
+    editor.create();
+    ui.expect(attention("Esiste già una scheda con il nome [Dei].\rScegliere un altro nome."));
+    ui.answerInput("Dei");
+    editor.create();
+    ui.expect(attention("Il nome [uomini] è riservato ai file della finestra Schede."));
+    ui.answerInput("uomini");
+    editor.create();
+    ui.expect(
+        attention("Il nome di una scheda non può contenere virgole, virgolette, caratteri di controllo "
+                  "e i caratteri * : . / \\ ? < > |"));
+    ui.answerInput("..\\Undo");
+    editor.create();
+    EXPECT_EQ(shown(), "PROVA2 a01");
+    EXPECT_EQ(drive.read(kCardListPath), "donne\r\ndei\r\nprova\r\n");
+}
+
+TEST_F(CardEditorTest, TakesUpAFilePutThereByHand)
+{
+    drive.write(kDirectory + "mia.txt", "e16\r\n");
+    editor.open();
+    MessageBox box = {.title = "Domanda di sistema:",
+                      .text =
+                          "Il file [mia.txt] esiste già, ma la scheda non è nell'elenco.\r"
+                          "La aggiungo all'elenco così com'è ?",
+                      .icon = Icon::Question,
+                      .buttons = Buttons::YesNo,
+                      .defaultButton = Button::No};
+    ui.expect(box, Button::No);
+    ui.answerInput("mia");
+    editor.create();
+    EXPECT_EQ(shown(), "UOMINI- a01 a02");
+    ui.expect(box, Button::Yes);
+    ui.answerInput("mia");
+    editor.create();
+    EXPECT_EQ(shown(), "MIA2 e16");
+}
+
+TEST_F(CardEditorTest, FillsACardToItsLimit)
+{
+    editor.open();
+    editor.add();  // nothing in the system writes the first card
+    editor.load(1);
+    ui.expect(
+        attention("Sul display non è presente il geroglifico da aggiungere \r"
+                  "Digitare prima il geroglifico e ripetere l'operazione.",
+                  Icon::Critical));
+    editor.add();
+    compose("e16a01");
+    for (int i = 1; i < 48; ++i) {
+        editor.add();
+    }
+    EXPECT_EQ(editor.fields().size(), 48U);
+    EXPECT_EQ(editor.fields().back(), "e16");
+    ui.expect(
+        attention("La scheda [DEI] è già piena \r"
+                  "Per aggiungere un geroglifico è neccessario eliminarne almeno uno !"));
+    editor.add();
+    EXPECT_EQ(CardFiles(drive.files()).count("dei"), 48U);
+    // Somebody else may have written more: as full as full.
+    drive.write(kDirectory + "dei.txt", drive.read(kDirectory + "dei.txt") + "a01\r\n");
+    ui.expect(
+        attention("La scheda [DEI] è già piena \r"
+                  "Per aggiungere un geroglifico è neccessario eliminarne almeno uno !"));
+    editor.add();
+    EXPECT_EQ(editor.fields().size(), 49U);
+    editor.press(48);  // has no button
+    EXPECT_EQ(session.display().DisplayCodes(), "e16a01");
+}
+
+TEST_F(CardEditorTest, AddsOnlyCodesOfThePalette)
+{
+    editor.open();
+    editor.load(0);
+    session.palette().setCurrentSignCode({});
+    session.insertion()("o\\a", 0);  // as a favourite from another directory does
+    ui.expect(
+        attention("Il primo segno del display (o\\a) non è un geroglifico della tavolozza.", Icon::Critical));
+    editor.add();
+    EXPECT_EQ(drive.read(kDirectory + "donne.txt"), "b03\r\nb04\r\n");
+}
+
+TEST_F(CardEditorTest, ThinsACardButNeverEmptiesIt)
+{
+    const MessageBox last = attention(
+        "La scheda [DEI] contiene un solo geroglifico. \rNon posso lasciare la scheda vuota !\r"
+        "Aggiungere prima un geroglifico e poi eliminare il presente.");
+    const MessageBox ask = question("Elimino il geroglifico, presente sul display, alla scheda [DEI] ?");
+    editor.open();
+    editor.removeSign();  // nothing in the system writes the first card
+    editor.load(1);
+    ui.expect(last);
+    editor.removeSign();
+    drive.write(kDirectory + "dei.txt", "b10\r\nb11\r\nb10\r\nb12\r\n");
+    ui.expect(attention(
+        "Sul display non è presente il geroglifico da eliminare \r"
+        "Digitare prima il geroglifico selezionandolo dalla presente scheda e ripetere l'operazione.",
+        Icon::Critical));
+    editor.removeSign();
+    compose("b10b12");
+    ui.expect(ask, Button::Cancel);
+    editor.removeSign();
+    EXPECT_EQ(shown(), "DEI1 b10 b11 b10 b12");
+    ui.expect(ask, Button::Ok);
+    editor.removeSign();
+    EXPECT_EQ(shown(), "DEI1 b11 b12");
+    EXPECT_EQ(drive.read(kDirectory + "dei.txt"), "b11\r\nb12\r\n");
+    drive.write(kDirectory + "dei.txt", "b10\r\nb10\r\n");
+    ui.expect(last);
+    editor.removeSign();
+    EXPECT_EQ(drive.read(kDirectory + "dei.txt"), "b10\r\nb10\r\n");
+}
+
+TEST_F(CardEditorTest, DeletesACardButNotTheOnlyOne)
+{
+    editor.open();
+    editor.deleteCard();  // not the first one
+    editor.load(0);
+    ui.expect(deletion("DONNE"), Button::Cancel);
+    editor.deleteCard();
+    EXPECT_EQ(shown(), "DONNE0 b03 b04");
+    ui.expect(deletion("DONNE"), Button::Ok);
+    editor.deleteCard();
+    EXPECT_EQ(shown(), "DEI0 b10");
+    EXPECT_EQ(drive.read(kDirectory + "donne.txt"), "(none)");
+    EXPECT_EQ(drive.read(kCardListPath), "dei\r\n");
+    EXPECT_EQ(drive.read(kLastCardPath), "DEI\r\n");
+    ui.expect(
+        attention("Attenzione non è possibile eliminare questa scheda poichè è l'unica \r"
+                  "Procedere aggiungendo una nuova scheda e successivamente cancellare questa."));
+    editor.deleteCard();
+    EXPECT_EQ(drive.read(kDirectory + "dei.txt"), "b10\r\n");
+}
+
+TEST_F(CardEditorTest, SaysSoWhenACardHasGoneOrCannotBeRead)
+{
+    editor.open();
+    editor.load(1);
+    compose("e16");
+    drive.files().remove(kDirectory + "dei.txt");
+    ui.expect(gone("DEI"), Button::No);
+    editor.add();  // does not bring it back with one sign
+    EXPECT_EQ(shown(), "UOMINI- a01 a02");
+    EXPECT_EQ(drive.read(kDirectory + "dei.txt"), "(none)");
+    ui.expect(gone("DEI"), Button::Yes);
+    editor.load(1);
+    EXPECT_EQ(editor.names(), std::vector<std::string>{"donne"});
+
+    drive.write(kDirectory + "donne.txt", "\"mai chiusa\r\n");
+    ui.expect(
+        attention("Non riesco a leggere la scheda [DONNE].\rInput oltre la fine del file.", Icon::Critical));
+    editor.load(0);
+    EXPECT_EQ(shown(), "UOMINI- a01 a02");
+
+    drive.files().remove(kFirstCardPath);
+    drive.files().remove(kCardListPath);
+    CardEditor empty{drive.files(), ui, session.display(), session.palette()};
+    empty.open();
+    EXPECT_TRUE(empty.names().empty());
+    EXPECT_TRUE(empty.fields().empty());
+}
+
+}  // namespace
+}  // namespace karvel

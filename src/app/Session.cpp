@@ -11,7 +11,8 @@ Session::Session(FileSystem files, Pictures& pictures, UserInterface& ui, Window
       windows_(windows),
       display_(files_, pictures_, ui_, images_, modeSwitch_),
       insertion_(display_, finder_),
-      palette_(pictures_, ui_, images_, modeSwitch_, display_, insertion_)
+      palette_(pictures_, ui_, images_, modeSwitch_, display_, insertion_),
+      directoryChooser_(files_, ui_, images_, palette_, display_)
 {
 }
 

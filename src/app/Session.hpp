@@ -16,6 +16,7 @@
 #include "dictionary/SearchModes.hpp"
 #include "dictionary/TranslationLookup.hpp"
 #include "settings/Colours.hpp"
+#include "settings/GlyphDirectoryChooser.hpp"
 
 namespace karvel {
 
@@ -37,6 +38,7 @@ class Session : private ResultView {
     [[nodiscard]] Insertion& insertion() { return insertion_; }
     [[nodiscard]] const SignFinder& finder() const { return finder_; }
     [[nodiscard]] Colours& colours() { return colours_; }
+    [[nodiscard]] GlyphDirectoryChooser& directoryChooser() { return directoryChooser_; }
     [[nodiscard]] LastResult& last() { return last_; }
     [[nodiscard]] ResultView& resultView() { return *this; }
 
@@ -80,6 +82,7 @@ class Session : private ResultView {
     SignFinder finder_;
     Insertion insertion_;
     Palette palette_;
+    GlyphDirectoryChooser directoryChooser_;
 };
 
 }  // namespace karvel

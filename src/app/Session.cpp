@@ -12,7 +12,8 @@ Session::Session(FileSystem files, Pictures& pictures, UserInterface& ui, Window
       display_(files_, pictures_, ui_, images_, modeSwitch_),
       insertion_(display_, finder_),
       palette_(pictures_, ui_, images_, modeSwitch_, display_, insertion_),
-      favourites_(files_, ui_, images_, display_, palette_, insertion_, FavouritePage)
+      favourites_(files_, ui_, images_, display_, palette_, insertion_, FavouritePage),
+      directoryChooser_(files_, ui_, images_, palette_, display_)
 {
 }
 

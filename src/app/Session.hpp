@@ -17,6 +17,7 @@
 #include "dictionary/TranslationLookup.hpp"
 #include "favourites/FavouritesStrip.hpp"
 #include "settings/Colours.hpp"
+#include "settings/GlyphDirectoryChooser.hpp"
 
 namespace karvel {
 
@@ -39,6 +40,7 @@ class Session : private ResultView {
     [[nodiscard]] const SignFinder& finder() const { return finder_; }
     [[nodiscard]] FavouritesStrip& favourites() { return favourites_; }
     [[nodiscard]] Colours& colours() { return colours_; }
+    [[nodiscard]] GlyphDirectoryChooser& directoryChooser() { return directoryChooser_; }
     [[nodiscard]] LastResult& last() { return last_; }
     [[nodiscard]] ResultView& resultView() { return *this; }
 
@@ -83,6 +85,7 @@ class Session : private ResultView {
     Insertion insertion_;
     Palette palette_;
     FavouritesStrip favourites_;
+    GlyphDirectoryChooser directoryChooser_;
 };
 
 }  // namespace karvel

@@ -36,4 +36,23 @@ void writeColour(const FileSystem& files, std::string_view path, Colour colour)
     files.replace(path, numberLine(colour.packed));
 }
 
+void rereadColours(const FileSystem& files, Colours& colours)
+{
+    const Colours read = {.display = readColour(files, kDisplayColourPath),
+                          .window = readColour(files, kWindowColourPath)};
+    colours = read;
+}
+
+void applyDisplayColour(const FileSystem& files, Colours& colours, Colour chosen)
+{
+    colours.display = chosen;
+    writeColour(files, kDisplayColourPath, chosen);
+}
+
+void applyWindowColour(const FileSystem& files, Colours& colours, Colour chosen)
+{
+    colours.window = chosen;
+    writeColour(files, kWindowColourPath, chosen);
+}
+
 }  // namespace karvel

@@ -11,7 +11,9 @@
 #include "windows/Form1.hpp"
 #include "windows/PictureStore.hpp"
 #include "windows/Prompt.hpp"
+#include "windows/Resources.hpp"
 #include "windows/SignMenu.hpp"
+#include "windows/SplashWindow.hpp"
 #include "windows/Theme.hpp"
 #include "windows/WindowSet.hpp"
 
@@ -23,6 +25,7 @@ namespace {
 /// speaks.
 void speakItalian(QTranslator& translator)
 {
+    initialiseResources();
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     const QString own = QStringLiteral(":/translations");
     if (translator.load(QStringLiteral("qtbase_it"), own) ||
@@ -69,7 +72,11 @@ int runApplication(int argc, char** argv)
     QObject::connect(&prompt, &Prompt::aboutToAsk, &form1, &Form1::showState);
     QObject::connect(&prompt, &Prompt::progress, &form1, &Form1::showProgress);
     form1.showState();
-    form1.show();
+    if (QApplication::arguments().contains(QStringLiteral("--senza-apertura"))) {
+        form1.show();
+    } else {
+        (new frmSplash(desktop, form1))->openInFront();  // deletes itself on closing
+    }
     return QApplication::exec();
 }
 

@@ -14,11 +14,13 @@
 #include "windows/Desktop.hpp"
 #include "windows/FindSign.hpp"
 #include "windows/Form1.hpp"
+#include "windows/MagnifierWindow.hpp"
 #include "windows/PageBox.hpp"
 #include "windows/SignButton.hpp"
 #include "windows/SignCell.hpp"
 #include "windows/SquareGrid.hpp"
 #include "windows/Text.hpp"
+#include "windows/WindowSet.hpp"
 
 namespace karvel {
 
@@ -118,7 +120,7 @@ QBoxLayout* Form1::displayButtons()
     row->addWidget(
         button("Command8", QStringLiteral("cancella i geroglifici"), [&display] { display.clearAll(); }));
     row->addSpacing(kGap * 2);
-    row->addWidget(button("Command7", QStringLiteral("ingrandimento"), nullptr));
+    row->addWidget(button("Command7", QStringLiteral("ingrandimento"), [this] { windows_.open<Ingrandimento>(); }));
     row->addWidget(button("Command9", QStringLiteral("inserisci nel dizionario"), nullptr));
     row->addStretch(1);
     return row;

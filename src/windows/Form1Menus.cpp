@@ -3,9 +3,14 @@
 #include <QMenuBar>
 
 #include "app/Views.hpp"
+#include "windows/AboutWindow.hpp"
+#include "windows/ColourWindow.hpp"
 #include "windows/Desktop.hpp"
+#include "windows/DirectoryWindow.hpp"
 #include "windows/Form1.hpp"
 #include "windows/Form6.hpp"
+#include "windows/LinkPage.hpp"
+#include "windows/PrintingWindow.hpp"
 #include "windows/Text.hpp"
 #include "windows/WindowSet.hpp"
 
@@ -35,7 +40,8 @@ Form1::Menu Form1::fileMenu()
     return {"File",
             QStringLiteral("&File"),
             {
-                {"stampa", QStringLiteral("&Stampa"), nullptr, QStringLiteral("Ctrl+P")},
+                {"stampa", QStringLiteral("&Stampa"), [this] { form9::openFromMenu(desktop_, windows_); },
+                 QStringLiteral("Ctrl+P")},
                 {"Esci", QStringLiteral("&Esci"), [this] { leave(); }},
             }};
 }
@@ -48,8 +54,9 @@ Form1::Menu Form1::optionsMenu()
         {
             {"codice", QStringLiteral("Visualizza &codice"), [this] { showCode(desktop_.session()); }},
             {"frase", QStringLiteral("Visualizza codice &frase"), [this] { showPhrase(desktop_.session()); }},
-            {"colore", QStringLiteral("&Preferenze colori"), nullptr},
-            {"percorso", QStringLiteral("&Dir geroglifici"), nullptr},
+            {"colore", QStringLiteral("&Preferenze colori"),
+             [this] { Form5::openFromMenu(desktop_, windows_); }},
+            {"percorso", QStringLiteral("&Dir geroglifici"), [this] { windows_.open<Sysform>(); }},
         }};
 }
 
@@ -93,9 +100,9 @@ void Form1::buildMenus()
              {{"facilitato", QStringLiteral("&Facilitato"), nullptr},
               {"normale", QStringLiteral("&Normale"), nullptr}}});
     addMenu(
-        {"internet", QStringLiteral("&Internet"), {{"connetti", QStringLiteral("&Collegamenti"), nullptr}}});
+        {"internet", QStringLiteral("&Internet"), {{"connetti", QStringLiteral("&Collegamenti"), [&session] { openLinkPage(session); }}}});
     addMenu(
-        {"aiuto", QStringLiteral("I&nfo"), {{"Info", QStringLiteral("I&nformazioni su Karvel"), nullptr}}});
+        {"aiuto", QStringLiteral("I&nfo"), {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] { windows_.open<frmAbout>(); }}}});
     for (std::size_t i = 0; i < modeItems_.size(); ++i) {
         modeItems_[i] = findChild<QAction*>(qtext(SearchModes::kItems[i]));
     }

@@ -1,5 +1,6 @@
 #include "windows/WindowSet.hpp"
 
+#include "windows/MagnifierWindow.hpp"
 #include "windows/PictureWindow.hpp"
 
 namespace karvel {
@@ -11,6 +12,11 @@ void WindowSet::openPicture(const std::string& path, const std::string& name)
     open<imm1>().showPicture(path, name);
 }
 
-void WindowSet::raiseMagnifier() {}
+void WindowSet::raiseMagnifier()
+{
+    if (auto* const magnifier = opened<Ingrandimento>()) {
+        bringUp(*magnifier);
+    }
+}
 
 }  // namespace karvel

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "base/Pictures.hpp"
+#include "compose/SignImages.hpp"
+#include "dictionary/DictionaryEntry.hpp"
+
+namespace karvel {
+
+/// A rectangle on the sheet in units of 1/1440 inch, counted from the corner of its printable part.
+struct SheetBox {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+
+    [[nodiscard]] int right() const { return left + width; }
+    [[nodiscard]] int bottom() const { return top + height; }
+};
+
+/// The sheet as it is printed: a row of signs, and a block of text below it. All measures are in units of
+/// 1/1440 inch.
+class PrintPage {
+  public:
+    static constexpr std::size_t kCells = 12;
+    static constexpr int kMargin = 1134;    ///< 20 mm on every side of the paper
+    static constexpr int kCellSide = 560;   ///< of a sign
+    static constexpr int kCellStep = 640;   ///< from one sign to the next
+    static constexpr int kLabelDrop = 300;  ///< the label hangs so far below the top of the row
+    static constexpr int kLabelInset =
+        300;  ///< and its text begins so far below its own top, under the signs
+    static constexpr int kFontHeight = 240;  ///< 12 points
+
+    struct Cell {
+        std::string path;  ///< of the image, in the system's form; empty when the cell shows nothing
+        bool visible = false;
+    };
+
+    /// Fills the page from the phrase `codes`: its first twelve signs, and the text found last. An image that
+    /// cannot be loaded leaves its cell blank.
+    void fill(std::string_view codes, const SignImages& images, Pictures& pictures, const LastResult& last);
+
+    /// Takes the signs away, so that the next print starts from an empty page.
+    void clearSigns();
+
+    [[nodiscard]] const std::array<Cell, kCells>& pic() const { return pic_; }
+    [[nodiscard]] std::size_t visibleSigns() const;
+
+    /// The caption of `Label1`: translation and note, parted by two line feeds.
+    [[nodiscard]] const std::string& text() const { return text_; }
+    void setText(const LastResult& last);
+    /// Whether there is nothing to print but line feeds.
+    [[nodiscard]] bool textEmpty() const { return text_ == "\n\n"; }
+    [[nodiscard]] bool labelVisible() const { return labelVisible_; }
+    void setLabelVisible(bool visible) { labelVisible_ = visible; }
+
+    [[nodiscard]] int rowTop() const { return rowTop_; }
+    void moveRow(int top) { rowTop_ = top; }
+    [[nodiscard]] int labelTop() const { return labelTop_; }
+    void moveLabel(int top) { labelTop_ = top; }
+
+    /// Where cell `cell` lies on a page `width` wide; on a narrow one the whole row is smaller.
+    [[nodiscard]] SheetBox cellBox(std::size_t cell, int width) const;
+    /// Where the text begins and is wrapped, down to the end of a page `height` high.
+    [[nodiscard]] SheetBox textBox(int width, int height) const;
+
+  private:
+    std::array<Cell, kCells> pic_;
+    std::string text_ = "\n\n";
+    bool labelVisible_ = true;
+    int rowTop_ = 0;
+    int labelTop_ = kLabelDrop;
+};
+
+}  // namespace karvel

@@ -1,0 +1,155 @@
+#include "settings/GlyphDirectoryChooser.hpp"
+
+#include "base/CodePage.hpp"
+#include "base/FieldWriter.hpp"
+
+namespace karvel {
+
+namespace {
+
+constexpr std::string_view kSystemDirectory = "C:\\Programmi\\Karvel\\";
+
+bool isDiskette(std::string_view drive)
+{
+    return drive == "a:" || drive == "b:";
+}
+
+bool isDisc(std::string_view drive)
+{
+    return drive == "d:\\" || drive == "d:";
+}
+
+bool needsQuotes(std::string_view path)
+{
+    return path.find(',') != std::string_view::npos || path.starts_with('"') || path.starts_with(' ');
+}
+
+/// A bare line; in quotes only where a bare one would be read back as something else.
+std::string settingsLine(const std::string& path)
+{
+    return needsQuotes(path) ? quotedLine(path) : fieldLine(path);
+}
+
+}  // namespace
+
+GlyphDirectoryChooser::GlyphDirectoryChooser(const FileSystem& files, UserInterface& ui, SignImages& images,
+                                             Palette& palette, DisplayLine& display)
+    : files_(files),
+      ui_(ui),
+      images_(images),
+      palette_(palette),
+      display_(display),
+      candidate_(images.savedGlyphDirectory()),
+      directory_(kSystemDirectory)
+{
+}
+
+std::vector<std::string> GlyphDirectoryChooser::drives() const
+{
+    std::vector<std::string> entries;
+    for (const char letter : files_.drives().letters()) {
+        const std::string name = {letter, ':'};
+        if (isDiskette(name)) {
+            entries.push_back(name);
+        } else {
+            entries.push_back(letter == 'c' ? std::string(kSystemDrive) : name + "\\");
+        }
+    }
+    return entries;
+}
+
+void GlyphDirectoryChooser::open()
+{
+    drive_ = kSystemDrive;
+    directory_ = kSystemDirectory;
+    directoryEnabled_ = false;
+}
+
+std::string GlyphDirectoryChooser::toBeRead(std::string_view drive)
+{
+    return isDisc(drive) ? "d:\\" : "";
+}
+
+void GlyphDirectoryChooser::driveChanged(std::string_view drive, bool readable)
+{
+    drive_ = drive;
+    if (isDiskette(drive)) {
+        ui_.ask({.title = "Messaggio",
+                 .text = "E' possibile leggere i geroglifici solo da Hard disk e lettore CD",
+                 .icon = Icon::Critical});
+        drive_ = kSystemDrive;  // what the drive list shows for "C:"
+    }
+    candidate_ = drive_;
+    if (isDisc(candidate_)) {
+        if (!readable) {
+            ui_.ask({.title = "Messaggio",
+                     .text = "Attenzione: manca il cd nel lettore\ninserirlo e ricomporre il percorso",
+                     .icon = Icon::Critical});
+            return;  // the bare drive stays proposed: the path is still to be composed
+        }
+        directory_ = "d:\\";
+        candidate_ = "d:\\Karvel\\";
+    } else if (candidate_ == "C:\\" || candidate_ == "C:") {
+        candidate_ = "C:\\Karvel\\";
+    } else if (candidate_ == kSystemDrive) {
+        candidate_ = kSystemDirectory;
+        directory_ = kSystemDirectory;
+    } else if (candidate_.ends_with(":\\")) {
+        directory_ = candidate_;  // any other drive: its directories can be looked through as well
+    }
+    if (!candidate_.ends_with("\\GR")) {
+        candidate_ += "GR";
+    }
+}
+
+void GlyphDirectoryChooser::directoryChanged(std::string_view path)
+{
+    directory_ = path;
+    candidate_ = path;
+    if (!candidate_.ends_with('\\')) {
+        candidate_ += "\\GR";
+    }
+    if (!candidate_.ends_with("\\GR")) {
+        candidate_ += "GR";
+    }
+}
+
+void GlyphDirectoryChooser::editPath()
+{
+    directory_ = candidate_;
+    directoryEnabled_ = true;
+}
+
+bool GlyphDirectoryChooser::refuseUnwritable()
+{
+    std::string characters = unencodable(candidate_);
+    if (candidate_.find_first_of("\r\n") != std::string::npos) {
+        characters += " (fine riga)";
+    }
+    if (needsQuotes(candidate_) && candidate_.find('"') != std::string::npos) {
+        characters += "\"";
+    }
+    if (characters.empty()) {
+        return false;
+    }
+    ui_.ask({.title = "ATTENZIONE",
+             .text = "Il nome di questa directory non può essere scritto nelle impostazioni.\n\n"
+                     "Caratteri non ammessi: " +
+                     characters,
+             .icon = Icon::Critical});
+    return true;
+}
+
+bool GlyphDirectoryChooser::confirm()
+{
+    if (refuseUnwritable()) {
+        return false;
+    }
+    images_.setGlyphDirectory(candidate_);
+    files_.replace(kGlyphDirectoryPath, settingsLine(candidate_));
+    palette_.loadPage();
+    display_.reload();
+    return true;
+}
+
+}  // namespace karvel

@@ -1,0 +1,91 @@
+#include "windows/ColourWindow.hpp"
+
+#include <QColorDialog>
+#include <QGridLayout>
+#include <QLabel>
+
+#include "windows/ColourButton.hpp"
+#include "windows/Desktop.hpp"
+#include "windows/Theme.hpp"
+#include "windows/WindowSet.hpp"
+
+namespace karvel {
+
+Form5::Form5(Desktop& desktop, QWidget* parent)
+    : QDialog(parent),
+      desktop_(desktop),
+      command1_(new ColourButton(QStringLiteral("COLORE DISPLAY"), this)),
+      command2_(new ColourButton(QStringLiteral("COLORE FINESTRA"), this))
+{
+    setObjectName(QStringLiteral("Form5"));
+    setWindowTitle(QStringLiteral("Impostazione colori"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    command1_->setObjectName(QStringLiteral("Command1"));
+    command2_->setObjectName(QStringLiteral("Command2"));
+
+    auto* const grid = new QGridLayout(this);
+    grid->setContentsMargins(16, 16, 16, 16);
+    grid->setSpacing(10);
+    grid->setColumnStretch(0, 1);
+    Session& session = desktop.session();
+    addLine(0, command1_, "Command3", QStringLiteral("display"), Colours::kDisplayDefault,
+            [&session](Colour chosen) { applyDisplayColour(session.files(), session.colours(), chosen); });
+    addLine(1, command2_, "Command4", QStringLiteral("finestra"), Colours::kWindowDefault,
+            [&session](Colour chosen) { applyWindowColour(session.files(), session.colours(), chosen); });
+
+    auto* const hint =
+        new QLabel(QStringLiteral("I colori scelti valgono subito e restano alla prossima apertura."), this);
+    hint->setWordWrap(true);
+    grid->addWidget(hint, 2, 0, 1, 2);
+    grid->setRowStretch(2, 1);
+    auto* const close = new QPushButton(QStringLiteral("Chiudi"), this);
+    close->setObjectName(QStringLiteral("chiudi"));
+    close->setAccessibleName(QStringLiteral("chiudi"));
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, this, &Form5::close);
+    grid->addWidget(close, 3, 1);
+
+    connect(&desktop_, &Desktop::changed, this, &Form5::showColours);
+    showColours();
+    resize(420, sizeHint().height());
+}
+
+void Form5::openFromMenu(Desktop& desktop, WindowSet& windows)
+{
+    rereadColours(desktop.session().files(), desktop.session().colours());
+    windows.open<Form5>();
+}
+
+void Form5::addLine(int row, ColourButton* chooser, const char* original, const QString& purpose,
+                    Colour defaultColour, const Apply& apply)
+{
+    chooser->setAccessibleName(QStringLiteral("colore ") + purpose);
+    chooser->setToolTip(QStringLiteral("sceglie il colore: ") + purpose);
+    chooser->setAutoDefault(false);
+    connect(chooser, &QPushButton::clicked, this, [this, chooser, apply, purpose] {
+        const QColor chosen = QColorDialog::getColor(
+            chooser->colour(), this, QStringLiteral("Colore: ") + purpose, QColorDialog::DontUseNativeDialog);
+        if (chosen.isValid()) {
+            desktop_.handle([&] { apply(Colour::rgb(chosen.red(), chosen.green(), chosen.blue())); });
+        }
+    });
+    auto* const restore = new QPushButton(QStringLiteral("ORIGINALE"), this);
+    restore->setObjectName(QLatin1String(original));
+    restore->setAccessibleName(QStringLiteral("colore originale: ") + purpose);
+    restore->setToolTip(QStringLiteral("rimette il colore originale: ") + purpose);
+    restore->setAutoDefault(false);
+    restore->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    connect(restore, &QPushButton::clicked, this,
+            [this, apply, defaultColour] { desktop_.handle([&] { apply(defaultColour); }); });
+    auto* const grid = static_cast<QGridLayout*>(layout());
+    grid->addWidget(chooser, row, 0);
+    grid->addWidget(restore, row, 1);
+}
+
+void Form5::showColours()
+{
+    command1_->setColour(colour(desktop_.session().colours().display));
+    command2_->setColour(colour(desktop_.session().colours().window));
+}
+
+}  // namespace karvel

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QWidget>
+
+namespace karvel {
+
+/// A picture of the program's own, as large as its widget allows and sharp on every screen.
+class PictureBox : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// `size` is how large the picture is shown, in logical pixels.
+    PictureBox(const QPixmap& picture, QSize size, QWidget* parent);
+
+    [[nodiscard]] QSize sizeHint() const override { return size_; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QPixmap picture_;
+    QSize size_;
+};
+
+}  // namespace karvel

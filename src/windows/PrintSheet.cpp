@@ -1,0 +1,144 @@
+#include "windows/PrintSheet.hpp"
+
+#include <QFontDatabase>
+#include <QPainter>
+#include <QPrinter>
+#include <QTextLayout>
+#include <QtMath>
+#include <memory>
+#include <vector>
+
+#include "base/RuntimeError.hpp"
+#include "windows/Text.hpp"
+
+namespace karvel {
+
+namespace {
+
+constexpr int kUnitsPerInch = 1440;
+
+QFont sheetFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    font.setPixelSize(PrintPage::kFontHeight);  // the painter's pixel is a unit of the sheet
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+/// The text in lines no wider than `width`. The layouts own what is drawn.
+std::vector<std::unique_ptr<QTextLayout>> wrapped(const QString& text, int width)
+{
+    std::vector<std::unique_ptr<QTextLayout>> paragraphs;
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    for (const QString& paragraph : text.split(QLatin1Char('\n'))) {
+        auto layout = std::make_unique<QTextLayout>(paragraph, sheetFont());
+        layout->setTextOption(option);
+        layout->beginLayout();
+        for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
+            line.setLineWidth(width);
+        }
+        layout->endLayout();
+        paragraphs.push_back(std::move(layout));
+    }
+    return paragraphs;
+}
+
+/// A device that shows fewer pixels than the image has gets it reduced smoothly; any other one as it is.
+QImage notLargerThan(QSizeF devicePixels, const QImage& image)
+{
+    const QSize pixels(qCeil(devicePixels.width()), qCeil(devicePixels.height()));
+    return pixels.width() >= image.width()
+               ? image
+               : image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                     .scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+void begin(QPainter& painter, QPrinter& printer)
+{
+    if (!painter.begin(&printer)) {
+        throw RuntimeError(printer.outputFileName().isEmpty() ? ErrorNumber::DeviceIo
+                                                              : ErrorNumber::PathFileAccess);
+    }
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.scale(printer.logicalDpiX() / double(kUnitsPerInch),
+                  printer.logicalDpiY() / double(kUnitsPerInch));
+}
+
+}  // namespace
+
+form7::form7(PictureStore& pictures, QObject* parent) : QObject(parent), pictures_(pictures)
+{
+    setObjectName(QStringLiteral("form7"));
+}
+
+void form7::paintRow(QPainter& painter, int width, int top) const
+{
+    for (std::size_t cell = 0; cell < PrintPage::kCells; ++cell) {
+        const std::string& path = page_.pic()[cell].path;
+        if (!page_.pic()[cell].visible || path.empty()) {
+            continue;
+        }
+        const QImage image = pictures_.image(path);
+        if (image.isNull()) {
+            continue;
+        }
+        const SheetBox box = page_.cellBox(cell, width);
+        const QSizeF size = QSizeF(image.size()).scaled(box.width, box.height, Qt::KeepAspectRatio);
+        const QPointF corner(box.left + (box.width - size.width()) / 2,
+                             top + (box.height - size.height()) / 2);
+        painter.drawImage(
+            QRectF(corner, size),
+            notLargerThan(painter.worldTransform().mapRect(QRectF(corner, size)).size(), image));
+    }
+}
+
+std::optional<std::size_t> form7::paintText(QPainter& painter, const SheetBox& box, std::size_t first) const
+{
+    painter.setPen(Qt::black);
+    const auto paragraphs = wrapped(qtext(page_.text()), box.width);
+    std::size_t number = 0;
+    qreal y = box.top;
+    for (const auto& paragraph : paragraphs) {
+        for (int i = 0; i < paragraph->lineCount(); ++i, ++number) {
+            const QTextLine line = paragraph->lineAt(i);
+            if (number < first) {
+                continue;
+            }
+            if (number > first && y + line.height() > box.bottom()) {
+                return number;  // at least one line a page, however small the page
+            }
+            line.draw(&painter, QPointF(box.left, y - line.y()));
+            y += line.height();
+        }
+    }
+    return std::nullopt;
+}
+
+void form7::print(QPrinter& printer) const
+{
+    const QMarginsF margins(PrintPage::kMargin, PrintPage::kMargin, PrintPage::kMargin, PrintPage::kMargin);
+    printer.setFullPage(false);
+    printer.setPageMargins(margins / 20.0, QPageLayout::Point);
+    const QSizeF paper = printer.pageLayout().paintRect(QPageLayout::Point).size() * 20.0;
+    const int width = qRound(paper.width());
+    const int height = qRound(paper.height());
+
+    QPainter painter;
+    begin(painter, printer);
+    paintRow(painter, width, page_.rowTop());
+    if (page_.labelVisible()) {
+        SheetBox box = page_.textBox(width, height);
+        for (auto line = paintText(painter, box); line; line = paintText(painter, box, *line)) {
+            if (!printer.newPage()) {
+                throw RuntimeError(ErrorNumber::DeviceIo);
+            }
+            box = {.left = 0, .top = 0, .width = width, .height = height};
+        }
+    }
+    if (!painter.end() || printer.printerState() == QPrinter::Error) {
+        throw RuntimeError(ErrorNumber::DeviceIo);
+    }
+}
+
+}  // namespace karvel

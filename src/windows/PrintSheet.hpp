@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QObject>
+#include <optional>
+
+#include "print/PrintPage.hpp"
+#include "windows/PictureStore.hpp"
+
+class QPainter;
+class QPrinter;
+
+namespace karvel {
+
+/// The page that is sent to the printer; never shown, and painted in units of 1/1440 inch, so that it lies on
+/// every device alike, and as sharp as the device can draw.
+class form7 : public QObject {
+    Q_OBJECT
+
+  public:
+    /// `pictures` must outlive the page.
+    form7(PictureStore& pictures, QObject* parent);
+
+    [[nodiscard]] PrintPage& page() { return page_; }
+
+    /// Paints the row of signs, its top at `top`, on a page `width` wide.
+    void paintRow(QPainter& painter, int width, int top) const;
+
+    /// Paints the text from its line `first` on, wrapped to the width of `box`, as far as that reaches down.
+    /// Returns the first line that found no room; nothing when all did.
+    std::optional<std::size_t> paintText(QPainter& painter, const SheetBox& box, std::size_t first = 0) const;
+
+    /// Prints the page; text that is longer than the sheet goes on on a further one.
+    /// Throws RuntimeError 57 when the printer fails, 75 when the file to print to cannot be written.
+    void print(QPrinter& printer) const;
+
+  private:
+    PictureStore& pictures_;
+    PrintPage page_;
+};
+
+}  // namespace karvel

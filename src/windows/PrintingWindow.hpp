@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <memory>
+
+#include "print/PrintWindow.hpp"
+
+class QLabel;
+class QLineEdit;
+class QPrinter;
+class QPushButton;
+class QScrollBar;
+
+namespace karvel {
+
+class Desktop;
+class form7;
+class SheetPreview;
+class WindowSet;
+
+/// "Stampa": what is printed, and how far down the sheet.
+class form9 : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// Lets the user set up the printer; false cancels the print.
+    using ChoosePrinter = std::function<bool(QPrinter&, QWidget*)>;
+
+    form9(Desktop& desktop, QWidget* parent);
+    form9(Desktop& desktop, QWidget* parent, ChoosePrinter choosePrinter);
+    ~form9() override;
+
+    /// The menu "Stampa": fills the page and opens the window, or says that nothing is composed.
+    static void openFromMenu(Desktop& desktop, WindowSet& windows);
+
+    /// Fills the page from the display. False, after a message, when that is empty.
+    bool fill();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void build();
+    QPushButton* button(const char* name, const QString& caption, void (form9::*handler)());
+    void showState();
+    void toggle();
+    void print();
+    void closeWindow();
+
+    Desktop& desktop_;
+    ChoosePrinter choosePrinter_;
+    form7* sheet_;
+    PrintWindow window_;
+    std::unique_ptr<QPrinter> printer_;  ///< keeps the user's choices while the window is open
+    SheetPreview* preview_ = nullptr;
+    QScrollBar* vScroll1_ = nullptr;
+    QLineEdit* text1_ = nullptr;
+    QLabel* millimetres_ = nullptr;
+    QPushButton* command1_ = nullptr;
+};
+
+}  // namespace karvel

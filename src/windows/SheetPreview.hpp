@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace karvel {
+
+class form7;
+class PrintWindow;
+
+/// The sheet in small, with the row of signs (`Label1(0)`) and the text (`Label1(1)`) where they will lie.
+class SheetPreview : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// `sheet` must outlive the preview.
+    SheetPreview(const form7& sheet, QWidget* parent);
+
+    /// Shows the page as `window` now lays it out.
+    void showPage(const PrintWindow& window);
+
+    /// The size of the paper in units of 1/1440 inch.
+    void setPaper(QSize paper);
+
+    [[nodiscard]] QSize sizeHint() const override { return {360, 500}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {180, 250}; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void arrange();
+    void place(QLabel& label, int top, int height, bool text);
+    [[nodiscard]] QRectF paperOnScreen() const;
+    [[nodiscard]] qreal scale() const;
+
+    const form7& sheet_;
+    QLabel* row_;
+    QLabel* text_;
+    QSize paper_;
+    int rowTop_ = 0;
+    int textTop_ = 0;
+    bool textIncluded_ = true;
+};
+
+}  // namespace karvel

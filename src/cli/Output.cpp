@@ -8,8 +8,12 @@ namespace karvel::cli {
 
 void Output::entry(const RawRecord& record)
 {
-    line(decode(record.signs) + '\t' + decode(record.translation) + '\t' + decode(record.transliteration) +
-         '\t' + decode(record.note));
+    entry(record.decoded());
+}
+
+void Output::entry(const DictionaryEntry& entry)
+{
+    line(entry.signs + '\t' + entry.translation + '\t' + entry.transliteration + '\t' + entry.note);
 }
 
 void Output::line(std::string_view utf8)

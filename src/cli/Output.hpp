@@ -17,6 +17,7 @@ class Output {
 
     /// Signs, translation, transliteration and note as stored, parted by tabs, on one line.
     void entry(const RawRecord& record);
+    void entry(const DictionaryEntry& entry);
     void line(std::string_view utf8);
     void flush();
 

@@ -29,6 +29,7 @@ bool RecordReader::next()
     }
     record_ = {fields[0], fields[1], fields[2], fields[3]};
     current_ = true;
+    anyRead_ = true;
     return true;
 }
 

@@ -25,6 +25,9 @@ class RecordReader {
     /// The last whole record read, also after the end; decoded. Empty texts when there was none.
     [[nodiscard]] DictionaryEntry last() const;
 
+    /// True when at least one whole record was read.
+    [[nodiscard]] bool anyRead() const { return anyRead_; }
+
   private:
     void remember();
 
@@ -32,6 +35,7 @@ class RecordReader {
     FieldReader fields_;
     RawRecord record_;
     bool current_ = false;  ///< record_ points into the window
+    bool anyRead_ = false;
     DictionaryEntry kept_;
 };
 

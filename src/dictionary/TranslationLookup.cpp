@@ -64,6 +64,9 @@ TranslationLookup::End TranslationLookup::pass(std::uint8_t mode, std::string_vi
     Lookup lookup(reader, MatchRule(mode, phrase));
     End end = End::NothingFound;
     const auto rememberLast = [&] {
+        if (!reader.anyRead()) {
+            return;  // an empty dictionary takes nothing away from what printing has
+        }
         const DictionaryEntry last = reader.last();
         last_.translation = last.translation;
         last_.note = last.note;

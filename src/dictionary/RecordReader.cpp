@@ -29,13 +29,12 @@ bool RecordReader::next()
     }
     record_ = {fields[0], fields[1], fields[2], fields[3]};
     current_ = true;
-    anyRead_ = true;
     return true;
 }
 
-DictionaryEntry RecordReader::last() const
+std::optional<DictionaryEntry> RecordReader::last() const
 {
-    return current_ ? record_.decoded() : kept_;
+    return current_ ? std::optional(record_.decoded()) : kept_;
 }
 
 }  // namespace karvel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/FieldReader.hpp"
@@ -22,11 +23,8 @@ class RecordReader {
     /// The record that `next` moved to; valid until the next call of `next`.
     [[nodiscard]] const RawRecord& record() const { return record_; }
 
-    /// The last whole record read, also after the end; decoded. Empty texts when there was none.
-    [[nodiscard]] DictionaryEntry last() const;
-
-    /// True when at least one whole record was read.
-    [[nodiscard]] bool anyRead() const { return anyRead_; }
+    /// The last whole record read, also after the end; decoded. Nothing when there was none.
+    [[nodiscard]] std::optional<DictionaryEntry> last() const;
 
   private:
     void remember();
@@ -35,8 +33,7 @@ class RecordReader {
     FieldReader fields_;
     RawRecord record_;
     bool current_ = false;  ///< record_ points into the window
-    bool anyRead_ = false;
-    DictionaryEntry kept_;
+    std::optional<DictionaryEntry> kept_;
 };
 
 }  // namespace karvel

@@ -61,15 +61,15 @@ void TranslationLookup::run(std::uint8_t mode, std::string_view phrase)
 TranslationLookup::End TranslationLookup::pass(std::uint8_t mode, std::string_view phrase)
 {
     RecordReader reader(openDictionary(files_, ui_));
-    Lookup lookup(reader, MatchRule(mode, phrase));
+    const MatchRule rule(mode, phrase);
+    Lookup lookup(reader, rule);
     End end = End::NothingFound;
     const auto rememberLast = [&] {
-        if (!reader.anyRead()) {
-            return;  // an empty dictionary takes nothing away from what printing has
+        if (const auto last = reader.last()) {
+            // A match stays as it was shown, any other record as it is stored.
+            last_.translation = rule.matches(last->signs) ? upperCase(last->translation) : last->translation;
+            last_.note = last->note;
         }
-        const DictionaryEntry last = reader.last();
-        last_.translation = last.translation;
-        last_.note = last.note;
     };
     try {
         for (;;) {

@@ -65,25 +65,23 @@ std::optional<Word> WordSplitter::find(std::string_view phrase)
 {
     const BusyPointer hourglass(ui_);
     RecordReader reader(openDictionary(files_, ui_));
-    const auto remember = [this](DictionaryEntry entry) {
-        last_.translation = upperCase(entry.translation);
-        last_.note = std::move(entry.note);
+    const auto remember = [this](const std::optional<DictionaryEntry>& entry) {
+        if (entry) {
+            last_.translation = upperCase(entry->translation);
+            last_.note = entry->note;
+        }
     };
     std::optional<Word> word;
     try {
         word = longestWord(reader, phrase);
     } catch (...) {
-        if (reader.anyRead()) {
-            remember(reader.last());
-        }
+        remember(reader.last());
         throw;
     }
     // Whoever tries the candidates one by one stops reading at the word that fits.
+    remember(word ? word->entry : reader.last());
     if (word) {
-        word->entry.translation = upperCase(word->entry.translation);
-        remember(word->entry);
-    } else if (reader.anyRead()) {
-        remember(reader.last());
+        word->entry.translation = last_.translation;
     }
     return word;
 }

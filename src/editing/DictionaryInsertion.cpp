@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 #include "base/CodePage.hpp"
 #include "base/FieldWriter.hpp"
@@ -91,20 +92,21 @@ bool DictionaryInsertion::known(std::string_view codes)
 {
     const BusyPointer hourglass(ui_);
     RecordReader reader(openDictionary(files_, ui_));
+    const auto rememberNote = [&] {
+        if (auto last = reader.last()) {
+            last_.note = std::move(last->note);
+        }
+    };
     bool found = false;
     try {
         while (!found && reader.next()) {
             found = reader.record().signs == codes;
         }
     } catch (const RuntimeError&) {
-        if (reader.anyRead()) {
-            last_.note = reader.last().note;
-        }
+        rememberNote();
         throw;
     }
-    if (reader.anyRead()) {
-        last_.note = reader.last().note;
-    }
+    rememberNote();
     return found;
 }
 

@@ -110,17 +110,17 @@ void ItalianSearch::open()
 /// Keeps the record read last for the other windows.
 void ItalianSearch::remember(ItalianWord::Match match)
 {
-    if (!reader_->anyRead()) {
+    const std::optional<DictionaryEntry> entry = reader_->last();
+    if (!entry) {
         return;
     }
-    const DictionaryEntry entry = reader_->last();
     if (match == ItalianWord::Match::Whole) {
-        last_.translation = entry.translation;
-        last_.note = entry.note;
+        last_.translation = entry->translation;
+        last_.note = entry->note;
     } else {
-        last_.translation = upperCase(entry.translation);
-        last_.note = upperCase(entry.note);
-        last_.foundCodes = upperCase(entry.signs);
+        last_.translation = upperCase(entry->translation);
+        last_.note = upperCase(entry->note);
+        last_.foundCodes = upperCase(entry->signs);
     }
 }
 

@@ -1,11 +1,15 @@
 #include "windows/WindowSet.hpp"
 
+#include "windows/ItalianWindow.hpp"
 #include "windows/MagnifierWindow.hpp"
 #include "windows/PictureWindow.hpp"
 
 namespace karvel {
 
-void WindowSet::openItalian() {}
+void WindowSet::openItalian()
+{
+    open<italiano>().fill();
+}
 
 void WindowSet::openPicture(const std::string& path, const std::string& name)
 {

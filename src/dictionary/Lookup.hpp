@@ -31,6 +31,9 @@ class MatchRule {
         return false;
     }
 
+    /// A text that the signs of every matching record hold; empty when there is none.
+    [[nodiscard]] std::string_view held() const { return first_.size() < second_.size() ? second_ : first_; }
+
   private:
     enum class Kind { Equal, Contains, Ends, Never };
 
@@ -51,12 +54,15 @@ class Lookup {
     /// stay valid.
     bool next()
     {
-        while (reader_.next()) {
+        for (;;) {
+            reader_.skipWithout(rule_.held());
+            if (!reader_.next()) {
+                return false;
+            }
             if (rule_.matches(reader_.record().signs)) {
                 return true;
             }
         }
-        return false;
     }
 
   private:

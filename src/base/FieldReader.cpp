@@ -172,7 +172,7 @@ bool FieldReader::recordInWindow(std::array<std::string_view, 4>& fields)
     return true;
 }
 
-void FieldReader::skipRecordsWithout(std::string_view text)
+bool FieldReader::skipRecordsWithout(std::string_view text)
 {
     struct Place {
         FieldEnds ends;
@@ -180,7 +180,7 @@ void FieldReader::skipRecordsWithout(std::string_view text)
     };
     Place here;
     if (text.empty() || !resumeEnds(here.ends)) {
-        return;
+        return false;
     }
     // The last two blocks in which a record ended. Only the records that ended by the first of them are
     // skipped: so one whole record at least is left to be read, whatever follows.
@@ -199,6 +199,7 @@ void FieldReader::skipRecordsWithout(std::string_view text)
             break;
         }
     }
+    const std::size_t from = at_;
     for (; before.ends.closing != 0; before.ends.closing &= before.ends.closing - 1) {
         if (++before.fields % 4 == 0) {
             const int bit = std::countr_zero(before.ends.closing);
@@ -207,6 +208,7 @@ void FieldReader::skipRecordsWithout(std::string_view text)
             keep_ = at_ = ends_.at = ends_.block + static_cast<std::size_t>(bit) + 3;
         }
     }
+    return at_ != from;
 }
 
 FieldReader::Slice FieldReader::next()

@@ -89,8 +89,9 @@ class FieldReader {
     [[nodiscard]] bool recordInWindow(std::array<std::string_view, 4>& fields);
 
     /// Skips records of that form, as far as the window goes, in which `text` stands nowhere. The last record
-    /// before one that has it, before the window's end or before any other form is never skipped.
-    void skipRecordsWithout(std::string_view text);
+    /// before one that has it, before the window's end or before any other form is never skipped. False when
+    /// nothing was.
+    bool skipRecordsWithout(std::string_view text);
 
     /// Skips blanks and line ends when nothing else follows; true when the end was reached so.
     /// Otherwise nothing is lost: the empty lines skipped are still read as empty fields.

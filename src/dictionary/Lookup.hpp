@@ -55,7 +55,11 @@ class Lookup {
     bool next()
     {
         for (;;) {
-            reader_.skipWithout(rule_.held());
+            if (wait_ > 0) {
+                --wait_;
+            } else if (!reader_.skipWithout(rule_.held())) {
+                wait_ = kWait;
+            }
             if (!reader_.next()) {
                 return false;
             }
@@ -66,8 +70,12 @@ class Lookup {
     }
 
   private:
+    /// Where there was nothing to skip there will not be much: so many records are read before the next try.
+    static constexpr int kWait = 8;
+
     RecordReader& reader_;
     MatchRule rule_;
+    int wait_ = 0;
 };
 
 }  // namespace karvel

@@ -22,7 +22,8 @@ class RecordReader {
 
     /// Passes quickly over records in which `text` stands nowhere, none where that takes a closer look;
     /// `next` goes on behind them. Whatever follows, `last` then is right again after one call of `next`.
-    void skipWithout(std::string_view text) { fields_.skipRecordsWithout(text); }
+    /// False when none was passed over.
+    bool skipWithout(std::string_view text) { return fields_.skipRecordsWithout(text); }
 
     /// The record that `next` moved to; valid until the next call of `next`.
     [[nodiscard]] const RawRecord& record() const { return record_; }

@@ -179,8 +179,9 @@ std::string randomText(std::mt19937& random)
 bool skip(FieldReader& reader, Model& model, std::string_view text)
 {
     const auto from = static_cast<std::size_t>(reader.position());
-    reader.skipRecordsWithout("a01");
+    const bool skipped = reader.skipRecordsWithout("a01");
     const auto to = static_cast<std::size_t>(reader.position());
+    EXPECT_EQ(skipped, to != from);
     EXPECT_EQ(text.substr(from, to - from).find("a01"), std::string_view::npos);
     if (to == from) {
         return false;

@@ -9,40 +9,15 @@
 #include <utility>
 #include <vector>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+#include "base/ByteScan.hpp"
 
 namespace karvel {
 
 namespace {
 
-/// Room behind the window that a wide comparison may look at; its bytes never decide anything.
-constexpr std::size_t kPadding = 16;
-
 /// No group of fields may be longer: a file without a single line end is no text, and must not eat the
 /// memory.
 constexpr std::size_t kLongestGroup = std::size_t{1} << 30;
-
-/// The first double quote in [from, end), or `end`. Fields are a dozen bytes long, so the set-up of a
-/// library call would cost more than the search.
-inline const char* findQuote(const char* from, const char* end)
-{
-#if defined(__SSE2__)
-    const __m128i quote = _mm_set1_epi8('"');
-    for (; from < end; from += 16) {
-        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-        const auto hits = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, quote)));
-        if (hits != 0) {
-            return std::min(from + std::countr_zero(hits), end);
-        }
-    }
-    return end;
-#else
-    const void* hit = std::memchr(from, '"', static_cast<std::size_t>(end - from));
-    return hit != nullptr ? static_cast<const char*>(hit) : end;
-#endif
-}
 
 bool endsField(char byte)
 {
@@ -75,13 +50,16 @@ std::size_t WatchedSource::read(std::span<char> buffer)
 }
 
 FieldReader::FieldReader(ByteSource& source, std::size_t window)
-    : source_(source), capacity_(std::max<std::size_t>(window, 16)), buffer_(new char[capacity_ + kPadding]())
+    : source_(source),
+      capacity_(std::max<std::size_t>(window, 16)),
+      buffer_(new char[capacity_ + kScanPadding]())
 {
 }
 
 /// Gets more bytes behind `end_`; false at the end of the source. Moves what is kept to the front.
 bool FieldReader::more()
 {
+    ends_.at = kNowhere;
     if (keep_ > 0) {
         std::memmove(buffer_.get(), buffer_.get() + keep_, end_ - keep_);
         discarded_ += keep_;
@@ -93,7 +71,7 @@ bool FieldReader::more()
         if (capacity_ >= kLongestGroup) {
             throw RuntimeError(ErrorNumber::Overflow);
         }
-        std::unique_ptr<char[]> wider(new char[capacity_ * 2 + kPadding]());
+        std::unique_ptr<char[]> wider(new char[capacity_ * 2 + kScanPadding]());
         std::memcpy(wider.get(), buffer_.get(), end_);
         buffer_ = std::move(wider);
         capacity_ *= 2;
@@ -137,35 +115,100 @@ bool FieldReader::atEndButBlankLines()
     return true;
 }
 
-/// The usual case, a quoted field and its CR LF wholly inside the window: where the next one begins, or null.
-inline const char* FieldReader::quotedFieldInWindow(const char* at, std::string_view& field) const
+/// Finds the ends in the block. False when a quote of it neither begins nor ends a field of that form: then
+/// nothing can be said of any field in it.
+inline bool FieldReader::readBlock(FieldEnds& ends) const
 {
-    const char* const end = buffer_.get() + end_;
-    if (at == end || *at != '"') {
-        return nullptr;
+    auto [quotes, closing] = marksOf(buffer_.get() + ends.block);
+    // Behind the window stand bytes of the past: a quote counts when it is inside, an end when its CR LF is.
+    const auto lowest = [](std::size_t count) {
+        return count < kBlock ? (std::uint64_t{1} << count) - 1 : ~std::uint64_t{0};
+    };
+    const std::size_t inside = end_ - ends.block;
+    quotes &= lowest(inside);
+    closing &= lowest(inside - std::min<std::size_t>(inside, 2));
+    const std::uint64_t opening = (ends.opening | closing << 3) & lowest(inside);
+    ends.opening = closing >> (kBlock - 3);
+    ends.closing = closing;
+    // A field that begins with a line end looks like two: no quote may both begin and end one.
+    return quotes == (closing | opening) && (closing & opening) == 0;
+}
+
+/// Takes up the ends again where reading has come to; false when the usual form does not go on there.
+bool FieldReader::resumeEnds(FieldEnds& ends) const
+{
+    if (emptyLines_ > 0 || at_ == end_ || buffer_[at_] != '"') {
+        return false;
     }
-    const char* const quote = findQuote(at + 1, end);
-    if (end - quote < 3 || quote[1] != '\r' || quote[2] != '\n') {
-        return nullptr;
+    ends = ends_;
+    if (ends.at == at_) {
+        return true;
     }
-    field = {at + 1, static_cast<std::size_t>(quote - at - 1)};
-    return quote + 3;
+    ends = {.at = at_, .block = at_, .opening = 1};
+    return readBlock(ends);
 }
 
 bool FieldReader::recordInWindow(std::array<std::string_view, 4>& fields)
 {
-    if (emptyLines_ > 0) {
+    FieldEnds ends;
+    if (!resumeEnds(ends)) {
         return false;
     }
-    const char* at = buffer_.get() + at_;
+    std::size_t open = at_ + 1;
     for (std::string_view& field : fields) {
-        at = quotedFieldInWindow(at, field);
-        if (at == nullptr) {
-            return false;
+        while (ends.closing == 0) {
+            ends.block += kBlock;
+            if (ends.block >= end_ || !readBlock(ends)) {
+                return false;
+            }
+        }
+        const std::size_t close = ends.block + static_cast<std::size_t>(std::countr_zero(ends.closing));
+        ends.closing &= ends.closing - 1;
+        field = {buffer_.get() + open, close - open};
+        open = close + 4;  // behind CR LF and the next opening quote
+    }
+    keep_ = at_ = ends.at = open - 1;
+    ends_ = ends;
+    return true;
+}
+
+bool FieldReader::skipRecordsWithout(std::string_view text)
+{
+    struct Place {
+        FieldEnds ends;
+        int fields = 0;  ///< ended before the block since `at_`
+    };
+    Place here;
+    if (text.empty() || !resumeEnds(here.ends)) {
+        return false;
+    }
+    // The last two blocks in which a record ended. Only the records that ended by the first of them are
+    // skipped: so one whole record at least is left to be read, whatever follows.
+    Place last;
+    Place before;
+    while (here.ends.block + kBlock + text.size() <= end_ &&
+           !beginsInBlock(text, buffer_.get() + here.ends.block)) {
+        const int count = std::popcount(here.ends.closing);
+        if (here.fields % 4 + count >= 4) {
+            before = last;
+            last = here;
+        }
+        here.fields += count;
+        here.ends.block += kBlock;
+        if (!readBlock(here.ends)) {
+            break;
         }
     }
-    keep_ = at_ = static_cast<std::size_t>(at - buffer_.get());
-    return true;
+    const std::size_t from = at_;
+    for (; before.ends.closing != 0; before.ends.closing &= before.ends.closing - 1) {
+        if (++before.fields % 4 == 0) {
+            const int bit = std::countr_zero(before.ends.closing);
+            ends_ = before.ends;
+            ends_.closing &= ends_.closing - 1;
+            keep_ = at_ = ends_.at = ends_.block + static_cast<std::size_t>(bit) + 3;
+        }
+    }
+    return at_ != from;
 }
 
 FieldReader::Slice FieldReader::next()

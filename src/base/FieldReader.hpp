@@ -88,6 +88,11 @@ class FieldReader {
     /// form.
     [[nodiscard]] bool recordInWindow(std::array<std::string_view, 4>& fields);
 
+    /// Skips records of that form, as far as the window goes, in which `text` stands nowhere. The last record
+    /// before one that has it, before the window's end or before any other form is never skipped. False when
+    /// nothing was.
+    bool skipRecordsWithout(std::string_view text);
+
     /// Skips blanks and line ends when nothing else follows; true when the end was reached so.
     /// Otherwise nothing is lost: the empty lines skipped are still read as empty fields.
     [[nodiscard]] bool atEndButBlankLines();
@@ -113,10 +118,22 @@ class FieldReader {
         std::size_t length;
     };
 
+    /// Where quoted fields with CR LF behind them end, sixty-four bytes at a time: `closing` are the closing
+    /// quotes not yet handed out of the bytes from `block` on.
+    struct FieldEnds {
+        std::size_t at = kNowhere;  ///< where reading must go on for the rest to be right
+        std::size_t block = 0;
+        std::uint64_t closing = 0;
+        std::uint64_t opening =
+            0;  ///< the quotes that must stand in the next block, for the ends in this one
+    };
+    static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
+
+    [[nodiscard]] bool readBlock(FieldEnds& ends) const;
+    [[nodiscard]] bool resumeEnds(FieldEnds& ends) const;
     Slice next();
     Slice bareField();
     void endOfQuotedField();
-    [[nodiscard]] const char* quotedFieldInWindow(const char* at, std::string_view& field) const;
     bool more();
     [[nodiscard]] std::int64_t wholeNumber(std::int64_t lowest, std::int64_t highest);
     [[nodiscard]] bool have() { return at_ < end_ || more(); }
@@ -129,6 +146,7 @@ class FieldReader {
     std::size_t at_ = 0;
     std::size_t end_ = 0;
     std::uint64_t discarded_ = 0;
+    FieldEnds ends_;
     bool insideQuote_ = false;
     std::uint64_t emptyLines_ = 0;  ///< skipped empty lines that are still to be handed out as fields
 };

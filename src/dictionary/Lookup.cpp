@@ -35,13 +35,17 @@ MatchRule::MatchRule(std::uint8_t mode, std::string_view phrase) : first_(phrase
 
 bool MatchRule::contains(std::string_view signs) const
 {
-    // Entries are a handful of signs: stepping through them beats setting up a general search.
+    // Entries are a handful of signs: stepping through them beats setting up a general search. Looking at
+    // both ends of the phrase first leaves next to nothing to compare in full.
     const std::size_t length = first_.size();
     if (length == 0) {
         return true;
     }
+    const char front = first_.front();
+    const char back = first_.back();
     for (std::size_t at = 0; at + length <= signs.size(); ++at) {
-        if (signs[at] == first_[0] && std::memcmp(signs.data() + at, first_.data(), length) == 0) {
+        const bool likely = ((signs[at] ^ front) | (signs[at + length - 1] ^ back)) == 0;
+        if (likely && std::memcmp(signs.data() + at, first_.data(), length) == 0) {
             return true;
         }
     }

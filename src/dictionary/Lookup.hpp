@@ -31,6 +31,9 @@ class MatchRule {
         return false;
     }
 
+    /// A text that the signs of every matching record hold; empty when there is none.
+    [[nodiscard]] std::string_view held() const { return first_.size() < second_.size() ? second_ : first_; }
+
   private:
     enum class Kind { Equal, Contains, Ends, Never };
 
@@ -51,17 +54,28 @@ class Lookup {
     /// stay valid.
     bool next()
     {
-        while (reader_.next()) {
+        for (;;) {
+            if (wait_ > 0) {
+                --wait_;
+            } else if (!reader_.skipWithout(rule_.held())) {
+                wait_ = kWait;
+            }
+            if (!reader_.next()) {
+                return false;
+            }
             if (rule_.matches(reader_.record().signs)) {
                 return true;
             }
         }
-        return false;
     }
 
   private:
+    /// Where there was nothing to skip there will not be much: so many records are read before the next try.
+    static constexpr int kWait = 8;
+
     RecordReader& reader_;
     MatchRule rule_;
+    int wait_ = 0;
 };
 
 }  // namespace karvel

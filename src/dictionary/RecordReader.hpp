@@ -20,6 +20,11 @@ class RecordReader {
     /// closed; `last` then still is the last whole record.
     bool next();
 
+    /// Passes quickly over records in which `text` stands nowhere, none where that takes a closer look;
+    /// `next` goes on behind them. Whatever follows, `last` then is right again after one call of `next`.
+    /// False when none was passed over.
+    bool skipWithout(std::string_view text) { return fields_.skipRecordsWithout(text); }
+
     /// The record that `next` moved to; valid until the next call of `next`.
     [[nodiscard]] const RawRecord& record() const { return record_; }
 

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "compose/Palette.hpp"
+#include "compose/SignFinder.hpp"
 #include "compose/UndoFile.hpp"
 #include "support/ScriptedUi.hpp"
 #include "support/TemporaryDrive.hpp"
@@ -80,7 +81,8 @@ class Composer {
     SignImages images;
     FakeMode mode;
     DisplayLine display{drive.files(), pictures, ui, images, mode};
-    Insertion insertion{display};
+    SignFinder finder;
+    Insertion insertion{display, finder};
     Palette palette{pictures, ui, images, mode, display, insertion};
     std::size_t pressed = 0;
 

@@ -76,14 +76,25 @@ std::string written(const std::vector<DictionaryEntry>& entries, std::mt19937& r
     return file;
 }
 
-TEST(RecordReader, ReadsAFileLongerThanItsWindowInAnyForm)
-{
-    std::mt19937 random(7);
-    std::vector<DictionaryEntry> entries;
-    for (int i = 0; i < 20000; ++i) {
-        entries.push_back({"a01b" + std::to_string(10 + i % 44), "voce, " + std::to_string(i),
-                           std::string(random() % 40, 'x'), random() % 3 == 0 ? "nota" : ""});
+/// Enough entries to fill several windows of the reader, in a file of any form.
+class LongFile : public ::testing::Test {
+  protected:
+    LongFile()
+    {
+        for (int i = 0; i < 20000; ++i) {
+            const std::string signs = i % 7919 == 5 ? "p01p02" : "a01b" + std::to_string(10 + i % 44);
+            entries.push_back({signs, "voce, " + std::to_string(i), std::string(random() % 40, 'x'),
+                               random() % 3 == 0 ? "nota" : ""});
+        }
+        entries[9].note = "p01p02";  // a text that looks like signs is none
     }
+
+    std::mt19937 random{7};
+    std::vector<DictionaryEntry> entries;
+};
+
+TEST_F(LongFile, IsReadRecordByRecord)
+{
     const std::string file = written(entries, random);
     ASSERT_GT(file.size(), 3 * FieldReader::kWindow);
     RecordReader reader(std::make_unique<TextSource>(file));
@@ -95,6 +106,38 @@ TEST(RecordReader, ReadsAFileLongerThanItsWindowInAnyForm)
     }
     EXPECT_FALSE(reader.next());
     EXPECT_EQ(reader.last(), entries.back());
+}
+
+TEST_F(LongFile, IsSearchedWithoutMissingAMatch)
+{
+    std::string usual;
+    for (const DictionaryEntry& entry : entries) {
+        usual += testing::record(entry.signs, entry.translation, entry.transliteration, entry.note);
+    }
+    const std::string cut = usual + "\"a01\"\r\n";
+    const std::string mixed = written(entries, random);
+    for (const auto& [mode, phrase] :
+         {std::pair{3, "p01"}, std::pair{1, "p01p02"}, std::pair{4, "a01b"}, std::pair{5, "b20"},
+          std::pair{6, "p01p47"}, std::pair{6, "p47"}, std::pair{6, "p01"}, std::pair{3, "c01"}}) {
+        const MatchRule rule(static_cast<std::uint8_t>(mode), phrase);
+        for (const std::string* const file : {&std::as_const(usual), &mixed, &cut}) {
+            SCOPED_TRACE(std::to_string(mode) + " " + phrase);
+            RecordReader reader(std::make_unique<TextSource>(*file));
+            Lookup lookup(reader, rule);
+            for (const DictionaryEntry& entry : entries) {
+                if (rule.matches(entry.signs)) {
+                    ASSERT_TRUE(lookup.next());
+                    ASSERT_EQ(reader.record().decoded(), entry);
+                }
+            }
+            if (file == &cut) {
+                EXPECT_THROW(lookup.next(), RuntimeError);
+            } else {
+                EXPECT_FALSE(lookup.next());
+            }
+            EXPECT_EQ(reader.last(), entries.back());
+        }
+    }
 }
 
 TEST(RecordReader, TellsTheEndFromACut)

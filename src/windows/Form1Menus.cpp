@@ -99,10 +99,13 @@ void Form1::buildMenus()
              QStringLiteral("Tipo di &Inserimento"),
              {{"facilitato", QStringLiteral("&Facilitato"), nullptr},
               {"normale", QStringLiteral("&Normale"), nullptr}}});
-    addMenu(
-        {"internet", QStringLiteral("&Internet"), {{"connetti", QStringLiteral("&Collegamenti"), [&session] { openLinkPage(session); }}}});
-    addMenu(
-        {"aiuto", QStringLiteral("I&nfo"), {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] { windows_.open<frmAbout>(); }}}});
+    addMenu({"internet",
+             QStringLiteral("&Internet"),
+             {{"connetti", QStringLiteral("&Collegamenti"),
+               [this, &session] { openLinkPage(session, *this); }}}});
+    addMenu({"aiuto", QStringLiteral("I&nfo"), {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] {
+                                                     windows_.open<frmAbout>();
+                                                 }}}});
     for (std::size_t i = 0; i < modeItems_.size(); ++i) {
         modeItems_[i] = findChild<QAction*>(qtext(SearchModes::kItems[i]));
     }

@@ -26,12 +26,13 @@ struct SheetBox {
 class PrintPage {
   public:
     static constexpr std::size_t kCells = 12;
-    static constexpr int kMargin = 1134;    ///< 20 mm on every side of the paper
-    static constexpr int kCellSide = 560;   ///< of a sign
-    static constexpr int kCellStep = 640;   ///< from one sign to the next
-    static constexpr int kLabelDrop = 300;  ///< the label hangs so far below the top of the row
-    static constexpr int kLabelInset =
-        300;  ///< and its text begins so far below its own top, under the signs
+    static constexpr int kMargin = 1134;   ///< 20 mm on every side of the paper
+    static constexpr int kCellSide = 760;  ///< of a sign
+    static constexpr int kCellStep = 800;  ///< from one sign to the next
+    /// The label hangs so far below the top of the row, and its text begins so far below its own top: under
+    /// the signs.
+    static constexpr int kLabelDrop = 300;
+    static constexpr int kLabelInset = 540;
     static constexpr int kFontHeight = 240;  ///< 12 points
 
     struct Cell {

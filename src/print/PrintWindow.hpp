@@ -18,6 +18,9 @@ class PrintWindow {
     static constexpr int kLowestWithText = 4483;
     static constexpr int kLowestSignsOnly = 5698;  ///< the sheet needs no room for the text
     static constexpr int kPreviewTextDrop = 600;   ///< of the preview's text below its row of signs
+    /// The preview's text begins so far below the top of its label: where it will lie on the page.
+    static constexpr int kPreviewTextInset =
+        PrintPage::kLabelDrop + PrintPage::kLabelInset - kPreviewTextDrop;
 
     /// `page` must outlive the window.
     explicit PrintWindow(PrintPage& page) : page_(page) {}

@@ -25,8 +25,7 @@ void giveTablesRoom(QTextDocument& text)
             QTextTableFormat format = table->format();
             format.setCellPadding(5);
             format.setCellSpacing(0);
-            format.setBorderCollapse(true);
-            format.setBorderBrush(QColor(200, 200, 200));
+            format.setBorder(0);
             format.setTopMargin(6);
             format.setBottomMargin(6);
             table->setFormat(format);

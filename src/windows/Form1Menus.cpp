@@ -108,7 +108,7 @@ void Form1::buildMenus()
               {"normale", QStringLiteral("&Normale"), [] {}}}});
     addMenu({"internet",
              QStringLiteral("&Internet"),
-             {{"connetti", QStringLiteral("&Collegamenti"), [&session] { openLinkPage(session); }}}});
+             {{"connetti", QStringLiteral("&Collegamenti"), [this, &session] { openLinkPage(session, *this); }}}});
     addMenu({"aiuto", QStringLiteral("I&nfo"), {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] {
                                                      windows_.open<frmAbout>();
                                                  }}}});

@@ -60,7 +60,8 @@ void begin(QPainter& painter, QPrinter& printer)
         throw RuntimeError(printer.outputFileName().isEmpty() ? ErrorNumber::DeviceIo
                                                               : ErrorNumber::PathFileAccess);
     }
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform |
+                           QPainter::LosslessImageRendering);
     painter.scale(printer.logicalDpiX() / double(kUnitsPerInch),
                   printer.logicalDpiY() / double(kUnitsPerInch));
 }

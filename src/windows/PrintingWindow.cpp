@@ -138,7 +138,7 @@ void form9::build()
     setTabOrder(vScroll1_, command1_);
     setTabOrder(command1_, print);
     setTabOrder(print, leave);
-    resize(660, 560);
+    resize(740, 640);
 }
 
 void form9::showState()

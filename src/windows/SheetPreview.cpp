@@ -89,7 +89,10 @@ void SheetPreview::place(QLabel& label, int top, int height, bool text)
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.scale(scale(), scale());
     if (text) {
-        sheet_.paintText(painter, {.left = 0, .top = 0, .width = width, .height = height});
+        sheet_.paintText(painter, {.left = 0,
+                                   .top = PrintWindow::kPreviewTextInset,
+                                   .width = width,
+                                   .height = height - PrintWindow::kPreviewTextInset});
     } else {
         sheet_.paintRow(painter, width, 0);
     }

@@ -170,7 +170,7 @@ class TestForm9 : public QObject {
         QVERIFY2(info.contains(size), qPrintable(info));
         QVERIFY(info.contains(QRegularExpression(QStringLiteral("Pages: +1\n"))));
         const int rowTop = kMargin + position;
-        const int textTop = rowTop + 600;
+        const int textTop = rowTop + 840;
         QVERIFY(qAbs(topOf(pdf_, QStringLiteral("CITTÀ")) - textTop) < 100);
         QVERIFY(topOf(pdf_, QStringLiteral("luogo")) > topOf(pdf_, QStringLiteral("SOLE")) + 400);
 
@@ -178,12 +178,12 @@ class TestForm9 : public QObject {
         const int right = picture.width() * kDots;
         QCOMPARE(ink(picture, 0, 0, right, rowTop - kDots), 0);
         for (int cell = 0; cell < 12; ++cell) {
-            const int left = kMargin + cell * 640;
-            QVERIFY2(ink(picture, left, rowTop, left + 560, rowTop + 560) > 100,
+            const int left = kMargin + cell * 800;
+            QVERIFY2(ink(picture, left, rowTop, left + 760, rowTop + 760) > 100,
                      qPrintable(QString::number(cell)));
-            QVERIFY(ink(picture, left + 570, rowTop, left + 630, rowTop + 560) == 0);
+            QVERIFY(ink(picture, left + 770, rowTop, left + 800, rowTop + 760) == 0);
         }
-        QCOMPARE(ink(picture, kMargin + 12 * 640, rowTop, right, textTop), 0);
+        QCOMPARE(ink(picture, kMargin + 12 * 800, rowTop, right, textTop), 0);
     }
 
     void printsTheSignsSharp()

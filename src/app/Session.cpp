@@ -38,6 +38,10 @@ void Session::search()
     }
     // A copy: the phrase stays what was searched for while a box is open.
     const std::string phrase = display_.DisplayCodes();
+    if (modes_.is(Mode::Split)) {
+        WordSplitter(files_, ui_, *this, last_, translatedWords_).run(phrase);
+        return;
+    }
     TranslationLookup(files_, ui_, *this, last_).run(modes_.SearchMode(), phrase);
 }
 

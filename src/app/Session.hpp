@@ -15,6 +15,9 @@
 #include "dictionary/DictionaryEntry.hpp"
 #include "dictionary/SearchModes.hpp"
 #include "dictionary/TranslationLookup.hpp"
+#include "dictionary/WordSplitter.hpp"
+#include "editing/DictionaryInsertion.hpp"
+#include "editing/ItalianSearch.hpp"
 #include "favourites/FavouritesStrip.hpp"
 #include "settings/Colours.hpp"
 #include "settings/GlyphDirectoryChooser.hpp"
@@ -22,7 +25,7 @@
 namespace karvel {
 
 /// Owns every piece of state that the windows share, and wires the pieces together.
-class Session : private ResultView {
+class Session : private SplittingView {
   public:
     /// All four must outlive the session.
     Session(FileSystem files, Pictures& pictures, UserInterface& ui, WindowOpener& windows);
@@ -43,6 +46,9 @@ class Session : private ResultView {
     [[nodiscard]] GlyphDirectoryChooser& directoryChooser() { return directoryChooser_; }
     [[nodiscard]] LastResult& last() { return last_; }
     [[nodiscard]] ResultView& resultView() { return *this; }
+    [[nodiscard]] TranslatedWords& translatedWords() { return translatedWords_; }
+    [[nodiscard]] DictionaryInsertion& dictionaryInsertion() { return dictionaryInsertion_; }
+    [[nodiscard]] ItalianSearch& italianSearch() { return italianSearch_; }
 
     /// The number of the favourites page. Kept: "Visualizza codice" counts in it, so that after that view the
     /// page buttons go on from the count.
@@ -69,6 +75,8 @@ class Session : private ResultView {
 
     void showFound(std::string_view signs) override { display_.showFound(signs); }
     void showPicture(const std::string& name) override;
+    void consume(std::size_t characters) override { display_.consume(characters); }
+    void clearCells() override { display_.clearCells(); }
 
     FileSystem files_;
     Pictures& pictures_;
@@ -86,6 +94,9 @@ class Session : private ResultView {
     Palette palette_;
     FavouritesStrip favourites_;
     GlyphDirectoryChooser directoryChooser_;
+    TranslatedWords translatedWords_;
+    DictionaryInsertion dictionaryInsertion_{files_, ui_, last_};
+    ItalianSearch italianSearch_{files_, ui_, display_, last_};
 };
 
 }  // namespace karvel

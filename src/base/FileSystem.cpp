@@ -1,5 +1,6 @@
 #include "base/FileSystem.hpp"
 
+#include <algorithm>
 #include <system_error>
 
 #include "base/HostFile.hpp"
@@ -40,6 +41,30 @@ void rewriteInPlace(const fs::path& path, std::string_view bytes)
         file.truncate(old.size());
         throw;
     }
+}
+
+/// The blanks and line ends behind the first line end that ends the file's last line with anything in it;
+/// all of them when the file holds nothing else.
+std::string blankTail(HostFile& file)
+{
+    std::string tail;  // back to front
+    std::uint64_t at = file.size();
+    for (; at > 0; --at) {
+        const char byte = file.byteAt(at - 1);
+        if (byte != ' ' && byte != '\r' && byte != '\n') {
+            break;
+        }
+        tail.push_back(byte);
+    }
+    std::reverse(tail.begin(), tail.end());
+    if (at == 0) {
+        return tail;
+    }
+    const std::size_t lineEnd = tail.find_first_of("\r\n");
+    if (lineEnd == std::string::npos) {
+        return {};
+    }
+    return tail.substr(lineEnd + (tail.compare(lineEnd, 2, "\r\n") == 0 ? 2 : 1));
 }
 
 }  // namespace
@@ -107,23 +132,29 @@ void FileSystem::replace(std::string_view path, std::string_view bytes, Durabili
     }
 }
 
-void FileSystem::append(std::string_view path, std::string_view bytes) const
+void FileSystem::append(std::string_view path, std::string_view bytes, BlankTail tail) const
 {
     HostFile file(drives_.toHost(path), HostFile::Mode::Append);
     file.lock();
     const std::uint64_t size = file.size();
+    const std::string overwritten = tail == BlankTail::WriteOver ? blankTail(file) : std::string();
+    const std::uint64_t end = size - overwritten.size();
     std::string written(bytes);
-    if (size > 0) {
-        const char last = file.byteAt(size - 1);
+    if (end > 0) {
+        const char last = file.byteAt(end - 1);
         if (last != '\n' && last != '\r') {
             written.insert(0, "\r\n");
         }
     }
     try {
-        file.writeAt(size, written);
+        file.writeAt(end, written);
+        if (end + written.size() < size) {
+            file.truncate(end + written.size());
+        }
         file.flush();
     } catch (const RuntimeError&) {
         file.truncate(size);
+        file.writeAt(end, overwritten);
         throw;
     }
 }

@@ -14,6 +14,11 @@ std::span<const Command> commands()
     static constexpr std::array kCommands = {
         Command{"cerca", "[--modo MODO] [--dizionario FILE] [--gardiner] CODICI",
                 "cerca una frase; MODO: esatto, simile, inizia, finisce, mancante, dividi", search},
+        Command{"italiano", "[--contiene] [--dizionario FILE] PAROLA",
+                "cerca i segni di una parola italiana: traduzione uguale, o che la contiene", searchItalian},
+        Command{"nome", "NOME", "trascrive un nome in codici di segni", transcribeName},
+        Command{"aggiungi", "[--gardiner] CODICI TRADUZIONE [TRASLITTERAZIONE [NOTA]]",
+                "aggiunge una voce in fondo al dizionario", addEntry},
         Command{"verifica", "[FILE]", "conta le voci di un dizionario e indica la prima dubbia", verifyFile},
         Command{"installa", "[--radice DIR]", "mette al loro posto i dati che mancano", install},
     };

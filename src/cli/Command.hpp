@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/FileSystem.hpp"
+
 namespace karvel::cli {
 
 /// What a command tells the shell.
@@ -51,6 +53,11 @@ void expectWords(Arguments& arguments, std::size_t least, std::size_t most);
 void complain(std::string_view message);
 
 Exit search(const Arguments& arguments);
+/// The words of `phrase`, sign codes, one a line; what remains on standard error.
+Exit splitPhrase(const FileSystem& files, std::string_view path, std::string_view phrase);
+Exit searchItalian(const Arguments& arguments);
+Exit transcribeName(const Arguments& arguments);
+Exit addEntry(const Arguments& arguments);
 Exit verifyFile(const Arguments& arguments);
 Exit install(const Arguments& arguments);
 

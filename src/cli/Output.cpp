@@ -9,9 +9,8 @@ namespace karvel::cli {
 namespace {
 
 /// A tab or a line end inside a field would part what belongs together: it becomes a blank.
-std::string oneLine(std::string_view field)
+std::string oneLine(std::string text)
 {
-    std::string text = decode(field);
     for (std::size_t at = 0; (at = text.find_first_of("\t\r\n", at)) != std::string::npos; ++at) {
         text.replace(at, text.compare(at, 2, "\r\n") == 0 ? 2 : 1, " ");
     }
@@ -22,8 +21,13 @@ std::string oneLine(std::string_view field)
 
 void Output::entry(const RawRecord& record)
 {
-    line(oneLine(record.signs) + '\t' + oneLine(record.translation) + '\t' + oneLine(record.transliteration) +
-         '\t' + oneLine(record.note));
+    entry(record.decoded());
+}
+
+void Output::entry(const DictionaryEntry& entry)
+{
+    line(oneLine(entry.signs) + '\t' + oneLine(entry.translation) + '\t' + oneLine(entry.transliteration) +
+         '\t' + oneLine(entry.note));
 }
 
 void Output::line(std::string_view utf8)

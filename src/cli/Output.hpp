@@ -18,6 +18,7 @@ class Output {
     /// Signs, translation, transliteration and note as stored, parted by tabs, on one line; a tab or a line
     /// end inside a field is shown as a blank.
     void entry(const RawRecord& record);
+    void entry(const DictionaryEntry& entry);
     void line(std::string_view utf8);
     void flush();
 

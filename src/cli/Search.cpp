@@ -46,6 +46,9 @@ Exit search(const Arguments& given)
     expectWords(arguments, 1, 1);
     const std::string phrase = codesFrom(arguments[0], gardiner);
     const FileSystem files(Drives::ofUser());
+    if (mode == Mode::Split) {
+        return splitPhrase(files, path.empty() ? kDictionaryPath : std::string_view(path), phrase);
+    }
     Output output;
     bool found = false;
     try {

@@ -1,0 +1,110 @@
+#include "dictionary/WordSplitter.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <utility>
+
+#include "base/CodePage.hpp"
+#include "base/SignCode.hpp"
+
+namespace karvel {
+
+namespace {
+
+MessageBox wordBox(const DictionaryEntry& entry)
+{
+    return {.title = "Traduzione",
+            .text = "traduzione:\n1 - " + entry.translation + "\n2 - " + entry.transliteration +
+                    "\nNote: " + entry.note,
+            .icon = Icon::Information,
+            .buttons = Buttons::OkCancel};
+}
+
+}  // namespace
+
+std::optional<Word> longestWord(RecordReader& reader, std::string_view phrase)
+{
+    std::optional<Word> longest;
+    std::size_t length = 0;
+    // One record in some seven hundred begins with the phrase's first sign; the rest are passed over by a
+    // single test that always falls out the same way.
+    std::array<char, kCodeLength> firstSign{};
+    std::ranges::copy(phrase.substr(0, kCodeLength), firstSign.begin());
+    while (reader.next()) {
+        const std::string_view signs = reader.record().signs;
+        if (signs.size() >= kCodeLength && std::memcmp(signs.data(), firstSign.data(), kCodeLength) != 0) {
+            continue;
+        }
+        if (signs.size() <= length || !phrase.starts_with(signs) ||
+            (phrase.size() - signs.size()) % kCodeLength != 0) {
+            continue;
+        }
+        length = signs.size();
+        longest = Word{reader.record().decoded(), length};
+        if (length == phrase.size()) {
+            break;
+        }
+    }
+    return longest;
+}
+
+bool TranslatedWords::mayBeShown(UserInterface& ui) const
+{
+    if (!lines_.empty()) {
+        return true;
+    }
+    ui.ask({.title = "Sistema:",
+            .text = "Questo menù visualizza i termini ricercati con il metodo DIVIDI IN PAROLE\n\n"
+                    "Ora non vi sono termini presenti.",
+            .icon = Icon::Information});
+    return false;
+}
+
+std::optional<Word> WordSplitter::find(std::string_view phrase)
+{
+    const BusyPointer hourglass(ui_);
+    RecordReader reader(openDictionary(files_, ui_));
+    const auto remember = [this](const std::optional<DictionaryEntry>& entry) {
+        if (entry) {
+            last_.translation = upperCase(entry->translation);
+            last_.note = entry->note;
+        }
+    };
+    std::optional<Word> word;
+    try {
+        word = longestWord(reader, phrase);
+    } catch (...) {
+        remember(reader.last());
+        throw;
+    }
+    // Whoever tries the candidates one by one stops reading at the word that fits.
+    remember(word ? word->entry : reader.last());
+    if (word) {
+        word->entry.translation = last_.translation;
+    }
+    return word;
+}
+
+void WordSplitter::run(std::string_view phrase)
+{
+    for (;;) {
+        const std::optional<Word> word = find(phrase);
+        if (!word) {
+            view_.clearCells();  // what is left stays in the phrase: it is not skipped
+            return;
+        }
+        view_.showFound(word->entry.signs);
+        if (ui_.ask(wordBox(word->entry)) == Button::Cancel) {
+            return;
+        }
+        words_.add(word->entry.translation);
+        if (word->length == phrase.size()) {
+            return;  // kept: the last word stays on the display, as the phrase that it is
+        }
+        phrase.remove_prefix(word->length);
+        view_.consume(word->length);
+    }
+}
+
+}  // namespace karvel

@@ -1,0 +1,208 @@
+#include "editing/ItalianSearch.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/CodePage.hpp"
+#include "dictionary/TranslationLookup.hpp"
+
+namespace karvel {
+
+namespace {
+
+/// The cells that a search clears. Kept: the last two are not among them, so a longer line that stood there
+/// before keeps its tail.
+constexpr std::size_t kLastCleared = 9;
+
+/// A translation with what it is sorted by.
+struct ListedWord {
+    std::string key;  ///< folded, then in upper case, so that "papa" and "PAPA" stand together before "papà"
+    std::string translation;
+};
+
+void readInto(std::vector<ListedWord>& words, RecordReader& reader)
+{
+    while (reader.next()) {
+        const std::string_view translation = reader.record().translation;
+        std::string key = foldedBytes(translation);
+        key += '\0';
+        key += upperCaseBytes(translation);
+        words.push_back({std::move(key), std::string(translation)});
+    }
+}
+
+/// The list from the hidden sorted one. It goes one place beyond the last word: the empty line there lets the
+/// user go back to "no word".
+std::vector<std::string> listOf(std::vector<ListedWord>& words)
+{
+    std::ranges::stable_sort(words, {}, &ListedWord::key);
+    std::vector<std::string> list;
+    const std::string* previous = nullptr;
+    for (const ListedWord& word : words) {
+        if (previous == nullptr || word.key != *previous) {
+            list.push_back(decode(word.translation));
+            previous = &word.key;
+        }
+    }
+    if (list.empty() || !list.back().empty()) {
+        list.emplace_back();
+    }
+    return list;
+}
+
+}  // namespace
+
+ItalianWord::ItalianWord(std::string_view word, Match match)
+    : match_(match), bytes_(encode(word)), writable_(unencodable(word).empty())
+{
+    if (match_ == Match::Contains) {
+        bytes_ = upperCaseBytes(bytes_);
+    }
+}
+
+bool ItalianWord::matches(std::string_view translation) const
+{
+    return writable_ && (match_ == Match::Whole ? translation == bytes_ : contains(translation));
+}
+
+bool ItalianWord::contains(std::string_view translation) const
+{
+    const auto same = [](char wanted, char byte) {
+        return static_cast<unsigned char>(wanted) == upperCaseByte(static_cast<unsigned char>(byte));
+    };
+    for (std::size_t at = 0; at + bytes_.size() <= translation.size(); ++at) {
+        if (std::equal(bytes_.begin(), bytes_.end(), translation.begin() + static_cast<std::ptrdiff_t>(at),
+                       same)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::vector<std::string> wordList(RecordReader& reader)
+{
+    std::vector<ListedWord> words;
+    readInto(words, reader);
+    return listOf(words);
+}
+
+std::vector<std::string> ItalianSearch::buildWordList()
+{
+    const BusyPointer hourglass(ui_);
+    std::vector<ListedWord> words;
+    try {
+        RecordReader reader(openDictionary(files_, ui_));
+        readInto(words, reader);
+    } catch (const ReadingStopped&) {
+        // A part of the list is better than none: the user can still type the word.
+    }
+    return listOf(words);
+}
+
+void ItalianSearch::open()
+{
+    if (reader_) {
+        throw RuntimeError(ErrorNumber::FileAlreadyOpen, "Premere ANNULLA per chiudere la ricerca in corso.");
+    }
+    reader_ = std::make_unique<RecordReader>(openDictionary(files_, ui_));
+}
+
+/// Keeps the record read last for the other windows.
+void ItalianSearch::remember(ItalianWord::Match match)
+{
+    const std::optional<DictionaryEntry> entry = reader_->last();
+    if (!entry) {
+        return;
+    }
+    if (match == ItalianWord::Match::Whole) {
+        last_.translation = entry->translation;
+        last_.note = entry->note;
+    } else {
+        last_.translation = upperCase(entry->translation);
+        last_.note = upperCase(entry->note);
+        last_.foundCodes = upperCase(entry->signs);
+    }
+}
+
+/// Moves to the next match; false at the end of the file.
+bool ItalianSearch::next(const ItalianWord& word, ItalianWord::Match match)
+{
+    const BusyPointer hourglass(ui_);
+    bool found = false;
+    try {
+        while (!found && reader_->next()) {
+            found = word.matches(reader_->record().translation);
+        }
+    } catch (...) {
+        remember(match);
+        throw;
+    }
+    remember(match);
+    return found;
+}
+
+void ItalianSearch::show(ItalianWord::Match match)
+{
+    DictionaryEntry entry = reader_->record().decoded();
+    if (match == ItalianWord::Match::Whole) {
+        last_.foundCodes = entry.signs;
+        display_.clearPictures(0, kLastCleared);
+    } else {
+        entry.translation = upperCase(entry.translation);
+        entry.transliteration = upperCase(entry.transliteration);
+        entry.note = upperCase(entry.note);
+    }
+    display_.showFrom0(entry.signs);
+    ui_.ask(translationBox(entry));
+}
+
+/// Closes the dictionary unless the user cancelled.
+ItalianSearch::End ItalianSearch::pass(std::string_view word, ItalianWord::Match match)
+{
+    open();
+    const ItalianWord wanted(word, match);
+    try {
+        while (next(wanted, match)) {
+            show(match);
+            if (ui_.ask({.title = "Ricerca italiano-geroglifico",
+                         .text = "Continua la ricerca",
+                         .icon = Icon::Exclamation,
+                         .buttons = Buttons::OkCancel}) == Button::Cancel) {
+                return End::Cancelled;
+            }
+        }
+    } catch (...) {
+        close();
+        throw;
+    }
+    close();
+    return End::EndOfFile;
+}
+
+void ItalianSearch::search(std::string_view word)
+{
+    (void)pass(word, ItalianWord::Match::Whole);
+    close();
+}
+
+void ItalianSearch::searchSpecific()
+{
+    const auto word = ui_.input("CERCA", "Ricerca la parola");
+    if (!word || pass(*word, ItalianWord::Match::Contains) == End::Cancelled) {
+        return;
+    }
+    ui_.ask({.title = "SISTEMA:", .text = "Fine ricerca !", .icon = Icon::Exclamation});
+    display_.clearPictures(0, kLastCleared);
+}
+
+void ItalianSearch::choose(std::string_view word)
+{
+    try {
+        search(word);
+    } catch (...) {
+        close();
+        throw;
+    }
+}
+
+}  // namespace karvel

@@ -67,6 +67,19 @@ void showPhrase(Session& session)
                       .systemModal = true});
 }
 
+void undo(Session& session)
+{
+    try {
+        session.display().undo();
+    } catch (const RuntimeError& error) {
+        session.ui().ask({.title = "Messaggio di sistema",
+                          .text = "Non è possibile tornare allo stato precedente: il file Undo.dat manca o è "
+                                  "danneggiato.\n\nErrore " +
+                                  std::to_string(error.value()) + ": " + std::string(error.text()),
+                          .icon = Icon::Critical});
+    }
+}
+
 bool confirmExit(UserInterface& ui)
 {
     return ui.ask(exitQuestion(Icon::None)) == Button::Yes;

@@ -11,6 +11,10 @@ void showCode(Session& session);
 /// "Visualizza codice frase": the whole phrase and its number of signs.
 void showPhrase(Session& session);
 
+/// The menu "Undo": brings the display back to the state before the last sign. When that cannot be read the
+/// user is told, and the display is empty.
+void undo(Session& session);
+
 /// The menu "Esci": true when the user wants to leave.
 [[nodiscard]] bool confirmExit(UserInterface& ui);
 

@@ -7,6 +7,7 @@
 
 #include "app/Session.hpp"
 #include "base/CodePage.hpp"
+#include "compose/UndoFile.hpp"
 #include "support/ScriptedUi.hpp"
 #include "support/TemporaryDrive.hpp"
 
@@ -43,11 +44,11 @@ struct Fixture {
         session.modes().restore(session.files());
     }
 
-    void compose(std::string_view codes)
+    /// Undo brings any phrase back at once.
+    void compose(const std::string& codes)
     {
-        for (; !codes.empty(); codes.remove_prefix(kCodeLength)) {
-            session.insertion()(codes.substr(0, kCodeLength), 0);
-        }
+        drive.write(kUndoPath, "file undo\r\n" + codes + "\r\n 0 \r\n 0 \r\n 0 \r\n");
+        session.display().undo();
     }
 
     [[nodiscard]] std::string shown()

@@ -14,12 +14,14 @@
 #include "compose/SignRepertoire.hpp"
 #include "windows/Desktop.hpp"
 #include "windows/Icons.hpp"
+#include "windows/InsertionWindow.hpp"
 #include "windows/Keyboard.hpp"
 #include "windows/PageBox.hpp"
 #include "windows/SignButton.hpp"
 #include "windows/SignCell.hpp"
 #include "windows/Text.hpp"
 #include "windows/Theme.hpp"
+#include "windows/TranslatedWordsWindow.hpp"
 #include "windows/WindowSet.hpp"
 
 namespace karvel {
@@ -55,6 +57,21 @@ void Form1::leave()
     if (confirmExit(desktop_.session().ui())) {
         leaving_ = true;  // asked once is enough: the close box's question is left out
         close();
+    }
+}
+
+void Form1::insertInDictionary()
+{
+    Session& session = desktop_.session();
+    if (session.dictionaryInsertion().mayOpen(session.display().DisplayCodes())) {
+        windows_.open<Inserimento>();
+    }
+}
+
+void Form1::showTranslatedWords()
+{
+    if (desktop_.session().translatedWords().mayBeShown(desktop_.session().ui())) {
+        windows_.open<Form4>();
     }
 }
 

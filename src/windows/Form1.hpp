@@ -91,6 +91,7 @@ class Form1 : public QMainWindow {
 
     void leave();
     void insertInDictionary();
+    void showTranslatedWords();
 
     Desktop& desktop_;
     WindowSet& windows_;

@@ -4,12 +4,14 @@
 
 #include "app/Views.hpp"
 #include "windows/AboutWindow.hpp"
+#include "windows/AlphabetWindow.hpp"
 #include "windows/ColourWindow.hpp"
 #include "windows/Desktop.hpp"
 #include "windows/DirectoryWindow.hpp"
 #include "windows/Form1.hpp"
 #include "windows/Form6.hpp"
 #include "windows/LinkPage.hpp"
+#include "windows/NumeralsWindow.hpp"
 #include "windows/PrintingWindow.hpp"
 #include "windows/Text.hpp"
 #include "windows/WindowSet.hpp"
@@ -69,7 +71,7 @@ Form1::Menu Form1::searchMenu()
             QStringLiteral("&Ricerca"),
             {
                 {"Uguale", QStringLiteral("&Termine presente"), choose(Mode::Equal), {}, true},
-                {"traduci", QStringLiteral("&Dividi in parole"), nullptr, {}, true},
+                {"traduci", QStringLiteral("&Dividi in parole"), choose(Mode::Split), {}, true},
                 {"Cerca", QStringLiteral("&Cerca simile"), choose(Mode::Contains), {}, true},
                 {"inizia", QStringLiteral("&Inizia per..."), choose(Mode::StartsWith), {}, true},
                 {"finisce", QStringLiteral("&Finisce per..."), choose(Mode::EndsWith), {}, true},
@@ -82,23 +84,28 @@ void Form1::buildMenus()
     Session& session = desktop_.session();
     addMenu(fileMenu());
     addMenu({"modifiche", QStringLiteral("&Modifiche"), {{"undo", QStringLiteral("&Undo"), [&session] {
-                                                              session.display().undo();
+                                                              undo(session);
                                                           }}}});
     addMenu(optionsMenu());
     addMenu(favouritesMenu());
     addMenu(searchMenu());
-    addMenu(
-        {"fonemi",
-         QStringLiteral("&Tabelle"),
-         {{"ins", QStringLiteral("&Alfabeto"), nullptr}, {"numeri", QStringLiteral("&Numeri"), nullptr}}});
+    addMenu({"fonemi",
+             QStringLiteral("&Tabelle"),
+             {{"ins", QStringLiteral("&Alfabeto"), [this] { windows_.open<Form2>(); }},
+              {"numeri", QStringLiteral("&Numeri"), [this] { windows_.open<Numerals>(); }}}});
     addMenu({"visua",
              QStringLiteral("&Visualizza"),
-             {{"tradotte", QStringLiteral("&Parole tradotte"), nullptr},
+             {{"tradotte", QStringLiteral("&Parole tradotte"), [this] { showTranslatedWords(); }},
               {"schede", QStringLiteral("&Schede"), [this] { windows_.open<Form6>(); }}}});
     addMenu({"tipo",
              QStringLiteral("Tipo di &Inserimento"),
-             {{"facilitato", QStringLiteral("&Facilitato"), nullptr},
-              {"normale", QStringLiteral("&Normale"), nullptr}}});
+             {{"facilitato", QStringLiteral("&Facilitato"),
+               [&session] {
+                   session.favourites().hideForFacilitated();
+                   session.ui().beep();
+               }},
+              // Kept: signs are always inserted directly, so there is nothing to go back to.
+              {"normale", QStringLiteral("&Normale"), [] {}}}});
     addMenu(
         {"internet", QStringLiteral("&Internet"), {{"connetti", QStringLiteral("&Collegamenti"), [&session] { openLinkPage(session); }}}});
     addMenu(

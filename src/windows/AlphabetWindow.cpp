@@ -1,0 +1,114 @@
+#include "windows/AlphabetWindow.hpp"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "compose/SignRepertoire.hpp"
+#include "editing/NameTranscription.hpp"
+#include "windows/Desktop.hpp"
+#include "windows/PhraseStrip.hpp"
+#include "windows/SignSheet.hpp"
+#include "windows/Text.hpp"
+
+namespace karvel {
+
+namespace {
+
+constexpr int kColumns = 8;
+
+QPushButton* pushButton(const char* name, const QString& caption, const QString& spoken, QWidget* parent)
+{
+    auto* const made = new QPushButton(caption, parent);
+    made->setObjectName(QLatin1String(name));
+    made->setAccessibleName(spoken);
+    made->setToolTip(spoken);
+    made->setAutoDefault(false);
+    return made;
+}
+
+}  // namespace
+
+Form2::Form2(Desktop& desktop, QWidget* parent)
+    : QDialog(parent),
+      desktop_(desktop),
+      text1_(new QLineEdit(this)),
+      signs_(new PhraseStrip(desktop, this)),
+      count_(new QLabel(this)),
+      chart_(new SignSheet(desktop, QStringLiteral("ALFABETO"),
+                           QStringLiteral("I segni fonetici e le lettere che scrivono. Le vocali, che gli "
+                                          "Egizi non segnavano, sono una convenzione per i nomi moderni."),
+                           kColumns, this))
+{
+    setObjectName(QStringLiteral("Form2"));
+    setWindowTitle(QStringLiteral("Alfabeto"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto* const caption = new QLabel(QStringLiteral("Scrivere il nome da tradurre  nel text-box"), this);
+    text1_->setObjectName(QStringLiteral("Text1"));
+    text1_->setAccessibleName(QStringLiteral("nome da tradurre"));
+    text1_->setPlaceholderText(QStringLiteral("Inserire il nome."));
+    text1_->setToolTip(text1_->placeholderText());
+    text1_->setClearButtonEnabled(true);
+    caption->setBuddy(text1_);
+    signs_->setObjectName(QStringLiteral("signs"));
+    count_->setObjectName(QStringLiteral("count"));
+    chart_->setObjectName(QStringLiteral("chart"));
+    fillChart();
+    // Enter in the name box presses it; for who uses the mouse alone it is there to be clicked.
+    QPushButton* const go = pushButton("Command1", QStringLiteral("Trascrivi"),
+                                       QStringLiteral("scrive il nome con i segni, sul display"), this);
+    go->setDefault(true);
+    connect(go, &QPushButton::clicked, this, &Form2::transcribeName);
+    QPushButton* const print = pushButton("Command2", QStringLiteral("Stampa la tavola..."),
+                                          QStringLiteral("stampa la tavola su un foglio"), this);
+    connect(print, &QPushButton::clicked, chart_, &SignSheet::print);
+
+    auto* const line = new QHBoxLayout;
+    line->addWidget(caption);
+    line->addWidget(text1_, 1);
+    line->addWidget(go);
+    auto* const below = new QHBoxLayout;
+    below->addWidget(count_, 1);
+    below->addWidget(print);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(12, 12, 12, 10);
+    column->setSpacing(8);
+    column->addLayout(line);
+    column->addWidget(signs_);
+    column->addWidget(chart_, 1);
+    column->addLayout(below);
+    text1_->setFocus();
+    resize(980, 630);
+}
+
+void Form2::fillChart()
+{
+    for (const PhoneticSign& phonetic : kPhoneticSigns) {
+        const SignInfo* const sign = SignRepertoire::standard().byCode(phonetic.code);
+        QString name = sign != nullptr ? qtext(sign->description) : QString();
+        SheetSign* const shown = chart_->add(std::string(phonetic.code), qtext(phonetic.letters), name);
+        connect(shown, &QAbstractButton::clicked, this, [this, letters = phonetic.appended] {
+            text1_->setText(text1_->text() + qtext(letters));
+            text1_->setFocus();
+        });
+    }
+}
+
+void Form2::transcribeName()
+{
+    desktop_.handle([this] {
+        Session& session = desktop_.session();
+        showTranscription(utf8(text1_->text()), session.display(), session.last());
+    });
+    // This window hides the display on a small screen, so the signs are shown here as well.
+    const std::string& codes = desktop_.session().last().foundCodes;
+    signs_->setCodes(codes);
+    const std::size_t signs = codes.size() / kCodeLength;
+    count_->setText(signs > DisplayLine::kCells
+                        ? QStringLiteral("Segni: %1; il display mostra i primi 12.").arg(signs)
+                        : QStringLiteral("Segni: %1").arg(signs));
+}
+
+}  // namespace karvel

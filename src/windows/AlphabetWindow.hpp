@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QDialog>
+
+class QLabel;
+class QLineEdit;
+
+namespace karvel {
+
+class Desktop;
+class PhraseStrip;
+class SignSheet;
+
+/// "Alfabeto": the chart of the phonetic signs, and a box for a name to be written with them.
+class Form2 : public QDialog {
+    Q_OBJECT
+
+  public:
+    Form2(Desktop& desktop, QWidget* parent);
+
+  private:
+    void fillChart();
+    void transcribeName();
+
+    Desktop& desktop_;
+    QLineEdit* text1_;
+    PhraseStrip* signs_;
+    QLabel* count_;
+    SignSheet* chart_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,98 @@
+#include "windows/ItalianWindow.hpp"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+
+#include "windows/Desktop.hpp"
+#include "windows/Text.hpp"
+#include "windows/WordBox.hpp"
+
+namespace karvel {
+
+italiano::italiano(Desktop& desktop, QWidget* parent)
+    : QDialog(parent), desktop_(desktop), combo1_(new WordBox(this)), count_(new QLabel(this))
+{
+    setObjectName(QStringLiteral("italiano"));
+    setWindowTitle(QStringLiteral("Ricerca italiano geroglifico"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    ItalianSearch& search = desktop_.session().italianSearch();
+    const auto word = [this] { return utf8(combo1_->currentText()); };
+
+    auto* const caption = new QLabel(QStringLiteral("Seleziona o scrivi la parola da ricercare"), this);
+    combo1_->setObjectName(QStringLiteral("combo1"));
+    combo1_->setAccessibleName(caption->text());
+    caption->setBuddy(combo1_);
+    connect(combo1_, &QComboBox::activated, this, [this, &search, word] {
+        desktop_.handle([&] { search.choose(word()); });
+        combo1_->lineEdit()->selectAll();
+    });
+    count_->setObjectName(QStringLiteral("count"));
+    count_->setEnabled(false);
+
+    QPushButton* const exact =
+        button("Command1", QStringLiteral("CERCA"), QStringLiteral("cerca le voci con questa traduzione"),
+               [&search, word] { search.search(word()); });
+    exact->setDefault(true);
+    QPushButton* const specific = button("Command3", QStringLiteral("Ricerca specifica"),
+                                         QStringLiteral("cerca le voci che contengono una parola"),
+                                         [&search] { search.searchSpecific(); });
+    auto* const cancel = new QPushButton(QStringLiteral("ANNULLA"), this);
+    cancel->setObjectName(QStringLiteral("Command2"));
+    cancel->setAccessibleName(QStringLiteral("chiude la ricerca"));
+    cancel->setAutoDefault(false);
+    connect(cancel, &QPushButton::clicked, this, &italiano::close);
+
+    auto* const grid = new QGridLayout(this);
+    grid->setContentsMargins(16, 16, 16, 14);
+    grid->setVerticalSpacing(6);
+    grid->addWidget(caption, 0, 0, 1, 4);
+    grid->addWidget(combo1_, 1, 0, 1, 4);
+    grid->addWidget(count_, 2, 0, 1, 4);
+    grid->setRowMinimumHeight(3, 6);
+    grid->setRowStretch(3, 1);
+    grid->addWidget(exact, 4, 0);
+    grid->addWidget(specific, 4, 1);
+    grid->setColumnStretch(2, 1);
+    grid->addWidget(cancel, 4, 3);
+    combo1_->setFocus();
+    resize(460, sizeHint().height());
+}
+
+QPushButton* italiano::button(const char* name, const QString& caption, const QString& spoken,
+                              const std::function<void()>& handler)
+{
+    auto* const made = new QPushButton(caption, this);
+    made->setObjectName(QLatin1String(name));
+    made->setAccessibleName(spoken);
+    made->setToolTip(spoken);
+    made->setAutoDefault(false);
+    connect(made, &QPushButton::clicked, this, [this, handler] { desktop_.handle(handler); });
+    return made;
+}
+
+void italiano::fill()
+{
+    combo1_->setWords({});
+    combo1_->clearEditText();
+    count_->clear();
+    QStringList words;
+    for (const std::string& word : desktop_.session().italianSearch().buildWordList()) {
+        words.append(qtext(word));
+    }
+    combo1_->setWords(words);
+    const qsizetype filled = words.size() - (words.constLast().isEmpty() ? 1 : 0);
+    count_->setText(QStringLiteral("Traduzioni nell'elenco: ") + QLocale().toString(filled));
+    combo1_->setFocus();
+}
+
+/// However the window is closed, it comes here: a search that is still open is closed with it.
+void italiano::reject()
+{
+    desktop_.session().italianSearch().close();
+    QDialog::reject();
+}
+
+}  // namespace karvel

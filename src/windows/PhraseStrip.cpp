@@ -1,0 +1,63 @@
+#include "windows/PhraseStrip.hpp"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "base/SignCode.hpp"
+#include "compose/SignRepertoire.hpp"
+#include "windows/Desktop.hpp"
+#include "windows/Text.hpp"
+#include "windows/Theme.hpp"
+
+namespace karvel {
+
+PhraseStrip::PhraseStrip(Desktop& desktop, QWidget* parent) : QWidget(parent), desktop_(desktop)
+{
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void PhraseStrip::setCodes(const std::string& codes)
+{
+    codes_ = codes;
+    QString spoken;
+    for (const std::string_view code : splitCodes(codes_)) {
+        spoken += (spoken.isEmpty() ? QString() : QStringLiteral(", ")) + qtext(signCaption(code));
+    }
+    setAccessibleName(QStringLiteral("segni: ") + spoken);
+    setToolTip(spoken);
+    update();
+}
+
+void PhraseStrip::paintEvent(QPaintEvent* /*event*/)
+{
+    constexpr int kMargin = 6;
+    QPainter painter(this);
+    const QColor surface = colour(desktop_.session().colours().display);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(surface);
+    painter.drawRoundedRect(rect(), 4, 4);
+    const auto pieces = splitCodes(codes_);
+    if (pieces.empty()) {
+        return;
+    }
+    const int step =
+        std::min(height() - 2 * kMargin + 4, (width() - 2 * kMargin) / static_cast<int>(pieces.size()));
+    const int side = std::max(4, step - 4);
+    painter.setPen(inkOn(surface));
+    int left = kMargin;
+    for (const std::string_view code : pieces) {
+        const QPixmap picture =
+            desktop_.pictures().scaled(desktop_.session().images().path(code), side, devicePixelRatioF());
+        if (picture.isNull()) {
+            painter.drawText(QRect(left, 0, side, height()), Qt::AlignCenter, qtext(code));
+        } else {
+            const QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatio();
+            painter.drawPixmap(QPointF(left + (side - size.width()) / 2, (height() - size.height()) / 2),
+                               picture);
+        }
+        left += step;
+    }
+}
+
+}  // namespace karvel

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QFrame>
+#include <string>
+#include <vector>
+
+class QGridLayout;
+class QPainter;
+
+namespace karvel {
+
+class Desktop;
+
+/// A sign on a sheet, with what it stands for below it. Pressing it may mean something to the window.
+class SheetSign : public QAbstractButton {
+    Q_OBJECT
+
+  public:
+    /// `meaning` stands large below the sign, `name` small below that; `desktop` must outlive the sign.
+    SheetSign(Desktop& desktop, std::string code, const QString& meaning, const QString& name,
+              QWidget* parent);
+
+    [[nodiscard]] const std::string& code() const { return code_; }
+
+    /// Draws the sign with its texts into `area`, `scale` device pixels to a unit of it.
+    void draw(QPainter& painter, const QRectF& area, qreal scale) const;
+
+    [[nodiscard]] QSize sizeHint() const override { return {112, 122}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {84, 100}; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+  private:
+    Desktop& desktop_;
+    std::string code_;
+    QString meaning_;
+    QString name_;
+};
+
+/// A sheet of signs, on the screen and on paper: a title, the signs in rows, a line below.
+class SignSheet : public QFrame {
+    Q_OBJECT
+
+  public:
+    SignSheet(Desktop& desktop, const QString& title, const QString& footer, int columns,
+              QWidget* parent = nullptr);
+
+    /// Adds a sign behind the others; its object name is `sign(INDEX)`.
+    SheetSign* add(const std::string& code, const QString& meaning, const QString& name);
+
+    /// Whether a sign can be pressed; one that cannot is passed over by the keyboard.
+    void setPressable(bool pressable);
+
+    /// Draws the whole sheet into `page`, as large as its shape allows.
+    void draw(QPainter& painter, const QRectF& page, qreal scale) const;
+
+    /// Asks for a printer and prints the sheet on one page.
+    void print();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void drawFrame(QPainter& painter, const QRectF& area) const;
+    [[nodiscard]] QFont titleFont() const;
+    [[nodiscard]] QFont footerFont() const;
+
+    Desktop& desktop_;
+    QString title_;
+    QString footer_;
+    int columns_;
+    QGridLayout* grid_;
+    std::vector<SheetSign*> signs_;
+};
+
+}  // namespace karvel

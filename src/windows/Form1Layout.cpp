@@ -120,7 +120,8 @@ QBoxLayout* Form1::displayButtons()
     row->addWidget(
         button("Command8", QStringLiteral("cancella i geroglifici"), [&display] { display.clearAll(); }));
     row->addSpacing(kGap * 2);
-    row->addWidget(button("Command7", QStringLiteral("ingrandimento"), [this] { windows_.open<Ingrandimento>(); }));
+    row->addWidget(
+        button("Command7", QStringLiteral("ingrandimento"), [this] { windows_.open<Ingrandimento>(); }));
     row->addWidget(
         button("Command9", QStringLiteral("inserisci nel dizionario"), [this] { insertInDictionary(); }));
     row->addStretch(1);

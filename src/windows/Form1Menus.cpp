@@ -106,10 +106,12 @@ void Form1::buildMenus()
                }},
               // Kept: signs are always inserted directly, so there is nothing to go back to.
               {"normale", QStringLiteral("&Normale"), [] {}}}});
-    addMenu(
-        {"internet", QStringLiteral("&Internet"), {{"connetti", QStringLiteral("&Collegamenti"), [&session] { openLinkPage(session); }}}});
-    addMenu(
-        {"aiuto", QStringLiteral("I&nfo"), {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] { windows_.open<frmAbout>(); }}}});
+    addMenu({"internet",
+             QStringLiteral("&Internet"),
+             {{"connetti", QStringLiteral("&Collegamenti"), [&session] { openLinkPage(session); }}}});
+    addMenu({"aiuto", QStringLiteral("I&nfo"), {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] {
+                                                     windows_.open<frmAbout>();
+                                                 }}}});
     for (std::size_t i = 0; i < modeItems_.size(); ++i) {
         modeItems_[i] = findChild<QAction*>(qtext(SearchModes::kItems[i]));
     }

@@ -1,10 +1,7 @@
 #include "windows/WindowSet.hpp"
 
-<<<<<<< HEAD
-#include "windows/MagnifierWindow.hpp"
-=======
 #include "windows/ItalianWindow.hpp"
->>>>>>> 5021a75 (Show the windows for insertion, Italian search, translated words, alphabet and numerals)
+#include "windows/MagnifierWindow.hpp"
 #include "windows/PictureWindow.hpp"
 
 namespace karvel {

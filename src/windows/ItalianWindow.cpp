@@ -30,12 +30,13 @@ italiano::italiano(Desktop& desktop, QWidget* parent)
         combo1_->lineEdit()->selectAll();
     });
     count_->setObjectName(QStringLiteral("count"));
-    count_->setEnabled(false);
 
     QPushButton* const exact =
         button("Command1", QStringLiteral("CERCA"), QStringLiteral("cerca le voci con questa traduzione"),
                [&search, word] { search.search(word()); });
     exact->setDefault(true);
+    // Queued: the list of matches has to be gone before a box is shown.
+    connect(combo1_, &WordBox::enteredOverList, exact, &QPushButton::click, Qt::QueuedConnection);
     QPushButton* const specific = button("Command3", QStringLiteral("Ricerca specifica"),
                                          QStringLiteral("cerca le voci che contengono una parola"),
                                          [&search] { search.searchSpecific(); });

@@ -132,6 +132,7 @@ std::optional<std::string> Prompt::input(const std::string& title, const std::st
     dialog.setLabelText(qtext(prompt));
     dialog.setOkButtonText(QStringLiteral("OK"));
     dialog.setCancelButtonText(QStringLiteral("Annulla"));
+    dialog.resize(kNarrowest, dialog.sizeHint().height());
     if (dialog.exec() != QDialog::Accepted) {
         return std::nullopt;
     }

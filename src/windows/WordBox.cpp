@@ -90,6 +90,11 @@ WordBox::WordBox(QWidget* parent) : QComboBox(parent), words_(new FoldedWords(th
     // Leaving the box, or Enter in it, is no choice from the list: Enter belongs to the window's button.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
+    connect(lineEdit(), &QLineEdit::returnPressed, this, [this, completer] {
+        if (completer->popup()->isVisible() && !completer->popup()->currentIndex().isValid()) {
+            emit enteredOverList();
+        }
+    });
 }
 
 void WordBox::setWords(const QStringList& words)

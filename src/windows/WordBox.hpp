@@ -17,6 +17,11 @@ class WordBox : public QComboBox {
     /// Replaces the list. What is typed stays.
     void setWords(const QStringList& words);
 
+  signals:
+    /// Enter was pressed while the list of matches hung open and nothing was chosen in it: the list keeps
+    /// that key from the window, which means the same by it as without the list.
+    void enteredOverList();
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;

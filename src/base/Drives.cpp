@@ -37,6 +37,35 @@ char lowerCase(char letter)
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
+#if defined(_WIN32)
+
+/// What the disk says of the file or directory at `path`; nothing when there is none. A name with a wildcard
+/// is no file's.
+std::optional<WIN32_FIND_DATAW> foundOnDisk(const fs::path& path)
+{
+    WIN32_FIND_DATAW found{};
+    if (path.native().find_first_of(L"*?") != std::wstring::npos) {
+        return std::nullopt;
+    }
+    const HANDLE search = ::FindFirstFileW(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) {
+        return std::nullopt;
+    }
+    ::FindClose(search);
+    return found;
+}
+
+/// The name that `wanted` has in `directory`, as it is spelled there; `wanted` itself when there is none.
+/// The system looks names up without regard to case, but says "exists" to any spelling.
+fs::path nameIn(const fs::path& directory, const std::string& wanted)
+{
+    const fs::path asGiven = hostPath(wanted);
+    const auto found = foundOnDisk(directory / asGiven);
+    return found ? fs::path(found->cFileName) : asGiven;
+}
+
+#else
+
 /// The name that `wanted` has in `directory`; `wanted` itself when nothing matches.
 fs::path nameIn(const fs::path& directory, const std::string& wanted)
 {
@@ -56,6 +85,8 @@ fs::path nameIn(const fs::path& directory, const std::string& wanted)
     }
     return found.empty() ? asGiven : found;
 }
+
+#endif
 
 std::vector<std::string> namesOf(std::string_view path)
 {
@@ -163,14 +194,9 @@ std::optional<std::string> Drives::directoryName(std::string_view path) const
     std::error_code error;
 #if defined(_WIN32)
     if (!mapped()) {
-        WIN32_FIND_DATAW found{};
-        const HANDLE search = ::FindFirstFileW(hostPath(path).c_str(), &found);
-        if (search == INVALID_HANDLE_VALUE) {
-            return std::nullopt;
-        }
-        ::FindClose(search);
-        const bool directory = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        return directory ? std::optional(utf8Path(fs::path(found.cFileName))) : std::nullopt;
+        const auto found = foundOnDisk(hostPath(path));
+        const bool directory = found && (found->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        return directory ? std::optional(utf8Path(fs::path(found->cFileName))) : std::nullopt;
     }
 #endif
     const fs::path host = toHost(path);

@@ -52,10 +52,22 @@ OVERLAPPED at(std::uint64_t offset)
     return place;
 }
 
+/// A name that is too long is told as such: the system itself calls the file or its path missing.
+void refuseLongNames(const std::filesystem::path& path)
+{
+    constexpr std::size_t kLongest = 255;
+    for (const std::filesystem::path& name : path) {
+        if (name.native().size() > kLongest) {
+            throw RuntimeError(ErrorNumber::BadFileName);
+        }
+    }
+}
+
 }  // namespace
 
 HostFile::HostFile(const std::filesystem::path& path, Mode mode) : handle_(INVALID_HANDLE_VALUE)
 {
+    refuseLongNames(path);
     const DWORD attributes = ::GetFileAttributesW(path.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
         throw RuntimeError(ErrorNumber::PathFileAccess);

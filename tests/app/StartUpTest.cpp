@@ -48,7 +48,9 @@ struct Program {
     void renameRoot(const char* name) const
     {
         const fs::path root = drive.host(kRoot);
-        fs::rename(root, root.parent_path() / name);
+        const fs::path between = root.parent_path() / "rinomina";
+        fs::rename(root, between);  // in two steps: not every Windows changes the case of letters in one
+        fs::rename(between, root.parent_path() / name);
     }
 
     testing::TemporaryDrive drive;

@@ -1,6 +1,7 @@
 #include "windows/Application.hpp"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -25,7 +26,6 @@ namespace {
 /// speaks.
 void speakItalian(QTranslator& translator)
 {
-    initialiseResources();
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     const QString own = QStringLiteral(":/translations");
     if (translator.load(QStringLiteral("qtbase_it"), own) ||
@@ -54,6 +54,12 @@ int runApplication(int argc, char** argv)
     QApplication::setDesktopFileName(QStringLiteral("karvel"));
     QApplication::setStyle(new Style);
     QApplication::setQuitOnLastWindowClosed(false);
+    initialiseResources();
+    QIcon icon;
+    for (const char* const size : {"32", "64", "256"}) {
+        icon.addFile(QStringLiteral(":/icon/karvel-%1.png").arg(QLatin1String(size)));
+    }
+    QApplication::setWindowIcon(icon);
     QTranslator translator;
     speakItalian(translator);
 

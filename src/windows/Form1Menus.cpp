@@ -10,6 +10,7 @@
 #include "windows/DirectoryWindow.hpp"
 #include "windows/Form1.hpp"
 #include "windows/Form6.hpp"
+#include "windows/GuideWindow.hpp"
 #include "windows/LinkPage.hpp"
 #include "windows/NumeralsWindow.hpp"
 #include "windows/PrintingWindow.hpp"
@@ -108,10 +109,13 @@ void Form1::buildMenus()
               {"normale", QStringLiteral("&Normale"), [] {}}}});
     addMenu({"internet",
              QStringLiteral("&Internet"),
-             {{"connetti", QStringLiteral("&Collegamenti"), [this, &session] { openLinkPage(session, *this); }}}});
-    addMenu({"aiuto", QStringLiteral("I&nfo"), {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] {
-                                                     windows_.open<frmAbout>();
-                                                 }}}});
+             {{"connetti", QStringLiteral("&Collegamenti"),
+               [this, &session] { openLinkPage(session, *this); }}}});
+    addMenu(
+        {"aiuto",
+         QStringLiteral("I&nfo"),
+         {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] { windows_.open<frmAbout>(); }},
+          {"guida", QStringLiteral("&Guida"), [this] { windows_.open<Guide>(); }, QStringLiteral("F1")}}});
     for (std::size_t i = 0; i < modeItems_.size(); ++i) {
         modeItems_[i] = findChild<QAction*>(qtext(SearchModes::kItems[i]));
     }

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "windows/Desktop.hpp"
+#include "windows/Resources.hpp"
 
 namespace karvel {
 
@@ -58,6 +59,7 @@ Guide::Guide(Desktop& /*desktop*/, QWidget* parent) : QDialog(parent)
     page->setOpenExternalLinks(true);
     page->setSearchPaths({QStringLiteral(":/guida")});
     page->document()->setDocumentMargin(24);
+    initialiseResources();
     QFile file(QStringLiteral(":/guida/guida.md"));
     if (file.open(QIODevice::ReadOnly)) {
         page->document()->setBaseUrl(QUrl(QStringLiteral("qrc:/guida/")));

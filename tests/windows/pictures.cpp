@@ -1,0 +1,95 @@
+// Takes a picture of every window, for the guide and for whoever judges how they look:
+//   make_pictures DIRECTORY
+#include <QDir>
+#include <QTest>
+#include <fstream>
+#include <iterator>
+
+#include "windows/AboutWindow.hpp"
+#include "windows/AlphabetWindow.hpp"
+#include "windows/ColourWindow.hpp"
+#include "windows/DirectoryWindow.hpp"
+#include "windows/Form6.hpp"
+#include "windows/GuideWindow.hpp"
+#include "windows/InsertionWindow.hpp"
+#include "windows/ItalianWindow.hpp"
+#include "windows/MagnifierWindow.hpp"
+#include "windows/NumeralsWindow.hpp"
+#include "windows/PrintingWindow.hpp"
+#include "windows/SplashWindow.hpp"
+#include "windows/Theme.hpp"
+#include "windows/TranslatedWordsWindow.hpp"
+#include "windows/UsedIn.hpp"
+#include "windows/support/Stage.hpp"
+
+using namespace karvel;
+using namespace karvel::testing;
+
+namespace {
+
+/// Grabs `window` as it opens and once more half as large again, "NAME.png" and "NAME-grande.png".
+void take(QWidget& window, const QString& directory)
+{
+    window.show();
+    window.raise();
+    QTest::qWait(150);
+    const QString file = directory + QLatin1Char('/') + window.objectName().toLower();
+    window.grab().save(file + QStringLiteral(".png"));
+    const QSize size = window.size();
+    window.resize(size * 3 / 2);
+    QTest::qWait(150);
+    if (window.size() != size) {
+        window.grab().save(file + QStringLiteral("-grande.png"));
+        window.resize(size);
+    }
+}
+
+template <typename Window>
+void open(Stage& stage, const QString& directory)
+{
+    auto* const window = new Window(stage.desktop(), &stage.form1());
+    take(*window, directory);
+    window->close();
+}
+
+void compose(Stage& stage, std::initializer_list<const char*> codes)
+{
+    for (const char* const code : codes) {
+        stage.press(code);
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setStyle(new Style);
+    if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
+        return 2;
+    }
+    const QString directory = QString::fromLocal8Bit(argv[1]);
+    std::ifstream shipped(std::string(KARVEL_SOURCE_DIR) + "/data/tree/dizio.txt", std::ios::binary);
+    Stage stage(std::string(std::istreambuf_iterator<char>(shipped), {}));
+
+    stage.choose("prefins");
+    compose(stage, {"d51", "f21", "b47"});
+    take(stage.form1(), directory);
+    open<form9>(stage, directory);
+    open<Ingrandimento>(stage, directory);
+    open<Inserimento>(stage, directory);
+    open<Form2>(stage, directory);
+    open<Numerals>(stage, directory);
+    open<Form4>(stage, directory);
+    open<Form5>(stage, directory);
+    open<Form6>(stage, directory);
+    open<italiano>(stage, directory);
+    open<Sysform>(stage, directory);
+    open<frmAbout>(stage, directory);
+    open<Guide>(stage, directory);
+    stage.windows().open<UsedIn>().show("d51");
+    take(*stage.windows().opened<UsedIn>(), directory);
+    auto* const splash = new frmSplash(stage.desktop(), stage.form1());
+    take(*splash, directory);
+    return 0;
+}

@@ -47,6 +47,7 @@ QStringList nameless(QWidget& window)
         if (!widget->isVisibleTo(&window) || !isControl(widget) ||
             widget->objectName().startsWith(QLatin1String("qt_")) ||
             widget->parentWidget()->inherits("QAbstractScrollArea") ||
+            widget->parentWidget()->objectName().startsWith(QLatin1String("qt_")) ||
             widget->parentWidget()->inherits("QComboBox") || widget->parentWidget()->inherits("QLineEdit") ||
             widget->parentWidget()->inherits("QAbstractSpinBox") || widget->inherits("QComboBoxListView")) {
             continue;

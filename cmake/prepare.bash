@@ -41,7 +41,7 @@ show_progress() {
                 shown=${line%%]*}]
                 printf '\r%s ' "$shown" >&2
                 ;;
-            'ninja: no work to do.' | 'ninja: Entering directory'*) ;;
+            'ninja: no work to do.' | 'ninja: Entering directory'* | '-- '*) ;;
             *) printf '%s%s\n' "${shown:+$'\n'}" "$line" >&2; shown='' ;;
         esac
     done

@@ -1,6 +1,6 @@
 # What ./run and ./test share: the Debian packages that they need, and the build. Sourced, with `root` set.
-# shellcheck disable=SC2034,SC2154
 # Everything said here goes to standard error, so that the output of a command stays its own.
+# shellcheck disable=SC2034,SC2154
 
 # What every build needs.
 build_packages=(cmake ninja-build g++ qt6-base-dev qt6-translations-l10n)

@@ -1,5 +1,9 @@
 # What ./run and ./test share: the Debian packages that they need, and the build. Sourced, with `root` set.
 # Everything said here goes to standard error, so that the output of a command stays its own.
+# shellcheck disable=SC2034,SC2154
+
+# What every build needs.
+build_packages=(cmake ninja-build g++ qt6-base-dev qt6-translations-l10n)
 
 say() { printf '%s\n' "$*" >&2; }
 
@@ -25,10 +29,19 @@ need_packages() {
         as_root=(sudo)
     fi
     say "Installo: ${missing[*]}"
+    if [[ -t 2 ]]; then
+        install_packages "${missing[@]}" >&2
+    else
+        # Nobody watches: what the installer said matters only when it failed.
+        local told
+        told=$(install_packages "${missing[@]}" 2>&1) || { say "$told"; return 1; }
+    fi
+}
+
+install_packages() {
     # An index that cannot be fetched matters only if the packages then cannot be installed.
-    "${as_root[@]}" apt-get -qq update >&2 || true
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get -qq -y -o Dpkg::Use-Pty=0 install --no-install-recommends "${missing[@]}" >&2
+    "${as_root[@]}" apt-get -qq update || true
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y install --no-install-recommends "$@"
 }
 
 # Shows how far a build is on one line of a terminal, and everything else that it says as it is.
@@ -41,7 +54,7 @@ show_progress() {
                 shown=${line%%]*}]
                 printf '\r%s ' "$shown" >&2
                 ;;
-            'ninja: no work to do.' | 'ninja: Entering directory'*) ;;
+            'ninja: no work to do.' | 'ninja: Entering directory'* | '-- '*) ;;
             *) printf '%s%s\n' "${shown:+$'\n'}" "$line" >&2; shown='' ;;
         esac
     done

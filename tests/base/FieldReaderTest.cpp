@@ -157,8 +157,9 @@ std::string randomText(std::mt19937& random)
     static constexpr std::string_view kPieces =
         "\"|,|\r|\n|\r\n| |  |a01|b|\"a, b\"\r\n|\xE0 word|\"\"\r\n|\"\r\n\"\r\n|\"a rather long field\"\r\n|"
         "\"b02\"\r\n\"y\"\r\n\"\"\r\n\"w\"\r\n|\"a01\"\r\n\"due\"\r\n\"\"\r\n\"\"\r\n";
-    static constexpr std::string_view kRecords[] = {"\"c03d04\"\r\n\"casa\"\r\n\"pr\"\r\n\"\"\r\n",
-                                                    "\"a0\"\r\n\"1\"\r\n\"\"\r\n\"\"\r\n"};
+    static const std::string kRecords[] = {
+        "\"c03d04\"\r\n\"casa\"\r\n\"pr\"\r\n\"\"\r\n", "\"a0\"\r\n\"1\"\r\n\"\"\r\n\"\"\r\n",
+        "\"e05\"\r\n\"" + std::string(150, 'x') + "\"\r\n\"\"\r\n\"\"\r\n"};
     std::vector<std::string_view> pieces;
     for (std::size_t at = 0; at < kPieces.size();) {
         const std::size_t end = std::min(kPieces.find('|', at), kPieces.size());
@@ -168,7 +169,7 @@ std::string randomText(std::mt19937& random)
     std::string text;
     for (auto count = random() % 24; count > 0; --count) {
         text += pieces[random() % pieces.size()];
-        for (auto records = random() % 10 == 0 ? random() % 30 : 0; records > 0; --records) {
+        for (auto records = random() % 10 == 0 ? random() % 20 : 0; records > 0; --records) {
             text += kRecords[random() % std::size(kRecords)];
         }
     }

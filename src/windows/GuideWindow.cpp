@@ -1,10 +1,12 @@
 #include "windows/GuideWindow.hpp"
 
+#include <QAbstractTextDocumentLayout>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -82,11 +84,9 @@ Guide::Guide(Desktop& /*desktop*/, QWidget* parent) : QDialog(parent)
         if (item == nullptr) {
             return;
         }
-        QTextCursor cursor(page->document());
-        cursor.movePosition(QTextCursor::End);
-        page->setTextCursor(cursor);  // from the end, so that the heading comes to the top of the page
-        cursor.setPosition(item->data(Qt::UserRole).toInt());
-        page->setTextCursor(cursor);
+        const QTextBlock heading = page->document()->findBlock(item->data(Qt::UserRole).toInt());
+        const qreal top = page->document()->documentLayout()->blockBoundingRect(heading).top();
+        page->verticalScrollBar()->setValue(qRound(top));
     });
 
     auto* const find = new QLineEdit(this);

@@ -75,7 +75,9 @@ int main(int argc, char** argv)
     stage.choose("prefins");
     compose(stage, {"d51", "f21", "b47"});
     take(stage.form1(), directory);
-    open<form9>(stage, directory);
+    form9::openFromMenu(stage.desktop(), stage.windows());
+    take(*stage.windows().opened<form9>(), directory);
+    stage.windows().opened<form9>()->close();
     open<Ingrandimento>(stage, directory);
     open<Inserimento>(stage, directory);
     open<Form2>(stage, directory);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdio>
 
 #include "base/CodePage.hpp"
 #include "base/SignCode.hpp"
@@ -111,7 +112,9 @@ std::string signCaption(std::string_view code)
             caption += part;
         }
     }
-    return caption;
+    char unicode[16];
+    std::snprintf(unicode, sizeof unicode, " · U+%X", static_cast<unsigned>(sign->character));
+    return caption + unicode;
 }
 
 }  // namespace karvel

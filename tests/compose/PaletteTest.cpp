@@ -133,8 +133,8 @@ TEST(SignRepertoire, KnowsEverySignByBothItsNames)
         EXPECT_TRUE(sign.character >= 0x13000 && sign.character <= 0x1342F) << sign.code;
     }
     EXPECT_EQ(repertoire.byCode(kMissingSign), nullptr);
-    EXPECT_EQ(signCaption("e16"), "e16 · G17 · civetta · m");
-    EXPECT_EQ(signCaption("a01"), "a01 · A1 · uomo seduto");
+    EXPECT_EQ(signCaption("e16"), "e16 · G17 · civetta · m · U+13153");
+    EXPECT_EQ(signCaption("a01"), "a01 · A1 · uomo seduto · U+13000");
     EXPECT_EQ(signCaption("p47"), "p47 · segno mancante");
     EXPECT_EQ(signCaption("zz"), "zz");
 }

@@ -65,6 +65,7 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setStyle(new Style);
+    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
         return 2;
     }

@@ -20,6 +20,7 @@ UsedIn::UsedIn(Desktop& desktop, QWidget* parent)
     : QDialog(parent), desktop_(desktop), heading_(new QLabel(this)), table_(new QTableWidget(0, 4, this))
 {
     setObjectName(QStringLiteral("UsedIn"));
+    setWindowTitle(QStringLiteral("Usato in ..."));
     setAttribute(Qt::WA_DeleteOnClose);
     heading_->setTextFormat(Qt::PlainText);
     table_->setObjectName(QStringLiteral("entries"));
@@ -43,7 +44,6 @@ UsedIn::UsedIn(Desktop& desktop, QWidget* parent)
 
 void UsedIn::show(const std::string& code)
 {
-    setWindowTitle(QStringLiteral("Usato in ..."));
     table_->setRowCount(0);
     desktop_.handle([&] { list(code); });
     table_->resizeColumnToContents(0);

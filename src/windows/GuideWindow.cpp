@@ -68,6 +68,7 @@ Guide::Guide(Desktop& /*desktop*/, QWidget* parent) : QDialog(parent)
         page->document()->setMarkdown(QString::fromUtf8(file.readAll()));
     }
     layOut(*page->document(), 620);
+    page->moveCursor(QTextCursor::Start);
 
     auto* const chapters = new QListWidget(this);
     chapters->setObjectName(QStringLiteral("chapters"));

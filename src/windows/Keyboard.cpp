@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QScrollBar>
 #include <algorithm>
@@ -89,6 +90,10 @@ bool Keyboard::anywhere(QKeyEvent& event)
 {
     if (const int page = pageOf(event); page > 0) {
         turnTo(page);
+        return true;
+    }
+    if (event.modifiers() == Qt::NoModifier && event.key() == Qt::Key_F10) {
+        form1_.menuBar()->setActiveAction(form1_.menuBar()->actions().first());
         return true;
     }
     if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_F) {

@@ -105,6 +105,23 @@ class TestKeyboard : public QObject {
         QVERIFY(stage.noBoxLeft());
     }
 
+    void reachesTheMenus()
+    {
+        Stage stage;
+        activate(stage);
+        stage.control<QWidget>("tasto(0)")->setFocus();
+        key(Qt::Key_F10);
+        for (const char* const menu : {"File", "modifiche", "Opzioni", "preferiti", "Ricerca"}) {
+            QTRY_VERIFY(QApplication::activePopupWidget() != nullptr);
+            QCOMPARE(QApplication::activePopupWidget()->objectName(), QLatin1String(menu));
+            if (QLatin1String(menu) != QLatin1String("Ricerca")) {
+                QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right);
+            }
+        }
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_D);
+        QTRY_VERIFY(stage.session().modes().is(Mode::Split));
+    }
+
     void copiesAndPastes()
     {
         Stage stage;

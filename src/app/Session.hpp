@@ -19,9 +19,6 @@
 #include "editing/DictionaryInsertion.hpp"
 #include "editing/ItalianSearch.hpp"
 #include "favourites/FavouritesStrip.hpp"
-#include "dictionary/WordSplitter.hpp"
-#include "editing/DictionaryInsertion.hpp"
-#include "editing/ItalianSearch.hpp"
 #include "settings/Colours.hpp"
 #include "settings/GlyphDirectoryChooser.hpp"
 

@@ -1,0 +1,68 @@
+// Measures what a person waits for in the main window: a page turned, a sign inserted, a letter typed into
+// the sign finder. Each figure is from the call to the painted picture, in milliseconds: median and worst.
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+#include "windows/Theme.hpp"
+#include "windows/support/Stage.hpp"
+
+using namespace karvel;
+using namespace karvel::testing;
+
+namespace {
+
+double timed(Stage& stage, const std::function<void()>& action)
+{
+    QElapsedTimer timer;
+    timer.start();
+    action();
+    stage.form1().repaint();
+    for (QWidget* const widget : stage.form1().findChildren<QWidget*>()) {
+        widget->repaint();
+    }
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+void report(const char* what, std::vector<double> times)
+{
+    std::ranges::sort(times);
+    std::printf("%-34s %7.2f ms %7.2f ms\n", what, times[times.size() / 2], times.back());
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setStyle(new Style);
+    Stage stage;
+    auto* const scroll = stage.control<QScrollBar>("HScroll1");
+    std::printf("%-34s %10s %10s\n", "", "mediana", "peggiore");
+    for (const char* const what : {"pagina, la prima volta", "pagina, già vista"}) {
+        std::vector<double> times;
+        for (int page = 2; page <= 14; ++page) {
+            times.push_back(timed(stage, [&] { scroll->setValue(page); }));
+        }
+        scroll->setValue(1);
+        report(what, times);
+    }
+    std::vector<double> inserted;
+    for (int i = 0; i < 84; ++i) {
+        inserted.push_back(
+            timed(stage, [&] { stage.session().palette().press(static_cast<std::size_t>(i % 53)); }));
+        emit stage.desktop().changed();
+    }
+    report("segno inserito", inserted);
+    std::vector<double> typed;
+    auto* const field = stage.control<QLineEdit>("findSign");
+    for (const char* const text : {"n", "nf", "nfr", "G", "G1", "G17", "u", "uo", "uomo", "civ"}) {
+        typed.push_back(timed(stage, [&] { field->setText(QLatin1String(text)); }));
+    }
+    report("lettera in Trova segno", typed);
+    return 0;
+}

@@ -16,15 +16,12 @@ using namespace karvel::testing;
 
 namespace {
 
-double timed(Stage& stage, const std::function<void()>& action)
+double timed(const std::function<void()>& action)
 {
     QElapsedTimer timer;
     timer.start();
     action();
-    stage.form1().repaint();
-    for (QWidget* const widget : stage.form1().findChildren<QWidget*>()) {
-        widget->repaint();
-    }
+    QApplication::processEvents();  // paints what the action asked to be painted, once
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
@@ -41,27 +38,27 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setStyle(new Style);
     Stage stage;
+    QApplication::processEvents();
     auto* const scroll = stage.control<QScrollBar>("HScroll1");
     std::printf("%-34s %10s %10s\n", "", "mediana", "peggiore");
     for (const char* const what : {"pagina, la prima volta", "pagina, già vista"}) {
         std::vector<double> times;
         for (int page = 2; page <= 14; ++page) {
-            times.push_back(timed(stage, [&] { scroll->setValue(page); }));
+            times.push_back(timed([&] { scroll->setValue(page); }));
         }
         scroll->setValue(1);
         report(what, times);
     }
     std::vector<double> inserted;
     for (int i = 0; i < 84; ++i) {
-        inserted.push_back(
-            timed(stage, [&] { stage.session().palette().press(static_cast<std::size_t>(i % 53)); }));
+        inserted.push_back(timed([&] { stage.session().palette().press(static_cast<std::size_t>(i % 53)); }));
         emit stage.desktop().changed();
     }
     report("segno inserito", inserted);
     std::vector<double> typed;
     auto* const field = stage.control<QLineEdit>("findSign");
     for (const char* const text : {"n", "nf", "nfr", "G", "G1", "G17", "u", "uo", "uomo", "civ"}) {
-        typed.push_back(timed(stage, [&] { field->setText(QLatin1String(text)); }));
+        typed.push_back(timed([&] { field->setText(QLatin1String(text)); }));
     }
     report("lettera in Trova segno", typed);
     return 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <tuple>
+#include <utility>
 
 #include "base/CodePage.hpp"
 
@@ -95,8 +96,12 @@ SignFinder::SignFinder(const SignRepertoire& repertoire)
 {
     entries_.reserve(repertoire.signs().size());
     for (const SignInfo& sign : repertoire.signs()) {
-        entries_.push_back(
-            {&sign, upperCase(sign.gardiner), parts(sign.values, '/'), folded(sign.description)});
+        std::vector<std::string> upperValues;
+        for (const std::string_view value : parts(sign.values, '/')) {
+            upperValues.push_back(upperCase(value));
+        }
+        entries_.push_back({&sign, upperCase(sign.gardiner), parts(sign.values, '/'), std::move(upperValues),
+                            folded(sign.description)});
     }
 }
 
@@ -119,8 +124,7 @@ int SignFinder::rank(const Entry& entry, const Wanted& wanted)
     if (entry.gardiner == wanted.upper) {
         return 2;
     }
-    const bool saysIt = std::ranges::any_of(
-        entry.values, [&](std::string_view value) { return upperCase(value) == wanted.upper; });
+    const bool saysIt = std::ranges::find(entry.upperValues, wanted.upper) != entry.upperValues.end();
     const int place = placeOf(wanted.upper, entry.description);
     if (place == 0 && wanted.upper.size() > 1) {
         return 3;

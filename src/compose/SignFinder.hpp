@@ -29,6 +29,7 @@ class SignFinder {
         const SignInfo* sign;
         std::string gardiner;                  ///< upper case
         std::vector<std::string_view> values;  ///< phonetic, as recorded
+        std::vector<std::string> upperValues;  ///< upper case
         std::string description;               ///< upper case without accents
     };
     struct Wanted {

@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 #include "compose/SignFinder.hpp"
@@ -17,6 +19,37 @@ namespace {
 
 constexpr int kIcon = 40;  // logical pixels
 constexpr int kShown = 8;  // rows before the list scrolls
+
+/// Draws a row's sign when the row comes into sight: of forty found, eight are seen.
+class SignRow : public QStyledItemDelegate {
+  public:
+    SignRow(Desktop& desktop, QObject* parent) : QStyledItemDelegate(parent), desktop_(desktop) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::paint(painter, option, index);
+        const std::string code = utf8(index.data(Qt::UserRole).toString());
+        if (!code.empty()) {
+            QStyleOptionViewItem row = option;
+            initStyleOption(&row, index);
+            const QRect place =
+                row.widget->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &row, row.widget);
+            desktop_.pictures().draw(*painter, desktop_.session().images().path(code),
+                                     QRectF(place).center(), kIcon);
+        }
+    }
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        option->decorationSize = {kIcon, kIcon};
+    }
+
+  private:
+    Desktop& desktop_;
+};
 
 }  // namespace
 
@@ -41,6 +74,7 @@ FindSign::FindSign(Desktop& desktop, QWidget& stage, QWidget* parent)
     list_->setFocusPolicy(Qt::NoFocus);
     list_->setUniformItemSizes(true);
     list_->setIconSize({kIcon, kIcon});
+    list_->setItemDelegate(new SignRow(desktop_, list_));
     list_->hide();
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -63,11 +97,8 @@ void FindSign::list()
     found_ = desktop_.session().finder().find(utf8(field_->text()), 40);
     list_->clear();
     for (const SignInfo* const sign : found_) {
-        const QPixmap picture =
-            desktop_.pictures().scaled(desktop_.session().images().path(sign->code), kIcon, devicePixelRatioF());
-        QIcon icon(picture);
-        icon.addPixmap(picture, QIcon::Selected);  // not tinted: the sign must be seen as it is
-        list_->addItem(new QListWidgetItem(icon, qtext(signCaption(sign->code))));
+        auto* const row = new QListWidgetItem(qtext(signCaption(sign->code)), list_);
+        row->setData(Qt::UserRole, qtext(sign->code));
     }
     if (found_.empty() && !field_->text().trimmed().isEmpty()) {
         auto* const none = new QListWidgetItem(QStringLiteral("nessun segno trovato"), list_);

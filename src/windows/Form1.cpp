@@ -9,6 +9,9 @@
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QToolButton>
+#include <algorithm>
+#include <cstdlib>
+#include <numeric>
 
 #include "app/Views.hpp"
 #include "compose/SignRepertoire.hpp"
@@ -151,6 +154,9 @@ void Form1::showPalette()
     for (std::size_t i = 0; i < tasto_.size(); ++i) {
         tasto_[i]->setSign(shown.picture(i), shown.codeOf(i));
     }
+    if (prepared_ != desktop_.session().images().path(signCode(shown.CurrentPage(), 0))) {
+        pageTurned_.start();
+    }
     if (text1_->text() != qtext(shown.pageText())) {
         text1_->setText(qtext(shown.pageText()));
     }
@@ -158,7 +164,27 @@ void Form1::showPalette()
         const SignInfo* const sign = SignRepertoire::standard().byCode(shown.codeOf(key));
         return sign != nullptr ? qtext(sign->gardiner) : QString();
     };
-    pageRange_->setText(QStringLiteral("Gardiner %1 – %2").arg(number(0), number(kKeys - 1)));
+    const QString first = number(0);
+    const QString last = number(kKeys - 1);
+    const bool known = !first.isEmpty() && !last.isEmpty();  // not so when start-up stopped at an image
+    pageRange_->setText(known ? QStringLiteral("Gardiner %1 – %2").arg(first, last) : QString());
+}
+
+/// The pages beside this one first: they are the likeliest to be turned to.
+void Form1::preparePages()
+{
+    const int here = desktop_.session().palette().CurrentPage();
+    std::array<int, kPages> pages{};
+    std::iota(pages.begin(), pages.end(), 1);
+    std::ranges::stable_sort(pages, {}, [here](int page) { return std::abs(page - here); });
+    std::vector<std::string> pictures;
+    for (const int page : pages) {
+        for (std::size_t key = 0; key < kKeys; ++key) {
+            pictures.push_back(desktop_.session().images().path(signCode(static_cast<std::size_t>(page), key)));
+        }
+    }
+    prepared_ = pictures.front();
+    desktop_.pictures().prepare(pictures, tasto_[0]->pictureSide(), devicePixelRatioF());
 }
 
 void Form1::showModes()

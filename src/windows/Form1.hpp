@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <array>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "base/SignCode.hpp"
@@ -86,6 +88,7 @@ class Form1 : public QMainWindow {
     void showIcons();
     void showDisplay();
     void showPalette();
+    void preparePages();
     void showFavourites();
     void showModes();
 
@@ -113,6 +116,8 @@ class Form1 : public QMainWindow {
     QScrollBar* hScroll1_ = nullptr;
     PageBox* text1_ = nullptr;
     QLabel* pageRange_ = nullptr;
+    std::string prepared_;  ///< the first picture of the page whose neighbours are being scaled
+    QTimer pageTurned_;  ///< runs out when the user looks at a page: time to scale the next ones
     FindSign* find_ = nullptr;
     std::unique_ptr<Keyboard> keyboard_;
     std::array<QLabel*, 3> panels_{};

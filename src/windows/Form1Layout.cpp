@@ -188,6 +188,9 @@ void Form1::buildCentre()
         connect(tasto_[i], &QAbstractButton::clicked, this,
                 [this, &palette, i] { desktop_.handle([&palette, i] { palette.press(i); }); });
     }
+    pageTurned_.setSingleShot(true);
+    pageTurned_.setInterval(150);  // milliseconds: who leafs on is not waited upon
+    connect(&pageTurned_, &QTimer::timeout, this, &Form1::preparePages);
 
     auto* const column = new QVBoxLayout(centre_);
     column->setContentsMargins(kGap + 4, kGap, kGap + 4, kGap);
@@ -220,6 +223,7 @@ void Form1::resizeEvent(QResizeEvent* event)
     const int cells = static_cast<int>(vendol_.size());
     const int side = (width() - 2 * csx_->sizeHint().width() - 8 * kGap) / cells;
     picture1_->setFixedHeight(std::clamp(side, 40, std::max(40, height() / 5)) + 2 * kGap);
+    pageTurned_.start();
 }
 
 /// Large enough for the signs, and wholly on the screen at first sight.

@@ -93,11 +93,8 @@ void MagnifiedPhrase::paintEvent(QPaintEvent* event)
         if (!place.intersects(event->rect())) {
             continue;
         }
-        const QPixmap picture = pictures_.scaled(signs_[i].path, side_, devicePixelRatioF());
-        const QSizeF size = picture.isNull() ? QSizeF() : QSizeF(picture.size()) / picture.devicePixelRatio();
-        painter.drawPixmap(
-            QPointF(place.left() + (side_ - size.width()) / 2, place.top() + (side_ - size.height()) / 2),
-            picture);
+        const QPointF centre(place.left() + side_ / 2.0, place.top() + side_ / 2.0);
+        pictures_.draw(painter, signs_[i].path, centre, side_);
         painter.drawText(place, Qt::AlignHCenter | Qt::AlignBottom, qtext(signs_[i].code));
     }
 }

@@ -2,18 +2,21 @@
 
 #include <QFile>
 #include <QImageReader>
+#include <QPainter>
 #include <algorithm>
 #include <utility>
 
 #include "base/RuntimeError.hpp"
+#include "base/SignCode.hpp"
 #include "windows/Text.hpp"
 
 namespace karvel {
 
 namespace {
 
-constexpr qsizetype kDecodedKilobytes = 8 * 1024;  // four pages of the palette
-constexpr qsizetype kScaledKilobytes = 10 * 1024;
+constexpr qsizetype kDecodedKilobytes = 3 * 1024;  // what the display line shows, and some more
+constexpr qsizetype kScaledKilobytes = 8 * 1024;   // every page at the size of a usual screen
+constexpr qsizetype kMostKilobytes = 40 * 1024;
 constexpr int kLargestSide = 8192;  // pixels; a picture beyond that is a mistake, and would eat the memory
 
 qsizetype kilobytes(qsizetype bytes)
@@ -21,22 +24,18 @@ qsizetype kilobytes(qsizetype bytes)
     return bytes / 1024 + 1;
 }
 
-}  // namespace
-
-PictureStore::PictureStore(Drives drives)
-    : drives_(std::move(drives)), images_(kDecodedKilobytes), scaled_(kScaledKilobytes)
+/// What a scaled sign takes once its rim is cut off: a little more than half of its square.
+qsizetype expectedBytes(int pixels)
 {
+    return qsizetype(4) * pixels * pixels * 6 / 10;
 }
 
-QImage PictureStore::image(const std::string& systemPath)
+/// Reads the file at `systemPath`; null when that is no image. Any thread may call it.
+QImage decode(const Drives& drives, const std::string& systemPath)
 {
-    const QString key = qtext(systemPath);
-    if (const QImage* const known = images_.object(key)) {
-        return *known;
-    }
     QString host;
     try {
-        host = qtext(utf8Path(drives_.toHost(systemPath)));
+        host = qtext(utf8Path(drives.toHost(systemPath)));
     } catch (const RuntimeError&) {
         return {};
     }
@@ -50,40 +49,178 @@ QImage PictureStore::image(const std::string& systemPath)
     if (std::max(size.width(), size.height()) > kLargestSide) {
         return {};
     }
-    QImage image = reader.read();
+    return reader.read();
+}
+
+/// The part of `image` that is not wholly transparent.
+QRect inked(const QImage& image)
+{
+    QRect area;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* const line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        const auto visible = [](QRgb pixel) { return qAlpha(pixel) != 0; };
+        const auto* const end = line + image.width();
+        const auto* const first = std::find_if(line, end, visible);
+        if (first != end) {
+            const auto* last = end - 1;
+            while (!visible(*last)) {
+                --last;
+            }
+            area |= QRect(QPoint(static_cast<int>(first - line), y), QPoint(static_cast<int>(last - line), y));
+        }
+    }
+    return area.isNull() ? QRect(0, 0, 1, 1) : area;
+}
+
+}  // namespace
+
+struct PictureStore::Cropped {
+    QImage image;
+    QPoint corner;
+    QSize whole;
+};
+
+PictureStore::PictureStore(Drives drives)
+    : drives_(std::move(drives)), images_(kDecodedKilobytes), scaled_(kScaledKilobytes)
+{
+    background_.setMaxThreadCount(1);
+    background_.setThreadPriority(QThread::LowPriority);
+}
+
+PictureStore::~PictureStore()
+{
+    ++round_;
+    background_.waitForDone();
+}
+
+QString PictureStore::key(const std::string& systemPath, int pixels)
+{
+    return qtext(systemPath) + QLatin1Char('|') + QString::number(pixels);
+}
+
+PictureStore::Cropped PictureStore::scale(const QImage& original, int pixels)
+{
+    const QImage scaled = original.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                              .scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const QRect area = inked(scaled);
+    return {.image = scaled.copy(area), .corner = area.topLeft(), .whole = scaled.size()};
+}
+
+QImage PictureStore::image(const std::string& systemPath)
+{
+    const QString name = qtext(systemPath);
+    if (const QImage* const known = images_.object(name)) {
+        return *known;
+    }
+    QImage image = decode(drives_, systemPath);
     if (!image.isNull()) {
-        images_.insert(key, new QImage(image), kilobytes(image.sizeInBytes()));
+        good_.insert(systemPath);
+        images_.insert(name, new QImage(image), kilobytes(image.sizeInBytes()));
     }
     return image;
 }
 
 bool PictureStore::canLoad(const std::string& systemPath)
 {
-    return !image(systemPath).isNull();
+    return good_.contains(systemPath) || !image(systemPath).isNull();
+}
+
+void PictureStore::keep(const std::string& systemPath, int pixels, const Cropped& picture)
+{
+    good_.insert(systemPath);
+    auto* const made = new Scaled{QPixmap::fromImage(picture.image), picture.corner, picture.whole};
+    scaled_.insert(key(systemPath, pixels), made, kilobytes(picture.image.sizeInBytes()));
+}
+
+const PictureStore::Scaled* PictureStore::find(const std::string& systemPath, int pixels)
+{
+    if (pixels <= 0) {
+        return nullptr;
+    }
+    if (const Scaled* const known = scaled_.object(key(systemPath, pixels))) {
+        return known;
+    }
+    const QImage original = image(systemPath);
+    if (original.isNull()) {
+        return nullptr;
+    }
+    keep(systemPath, pixels, scale(original, pixels));
+    return scaled_.object(key(systemPath, pixels));
+}
+
+bool PictureStore::draw(QPainter& painter, const std::string& systemPath, QPointF centre, int side)
+{
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const Scaled* const picture = find(systemPath, qRound(side * ratio));
+    if (picture == nullptr) {
+        return false;
+    }
+    // Onto whole device pixels: between two of them the picture would be blurred.
+    const QPointF corner = centre * ratio - QPointF(picture->whole.width(), picture->whole.height()) / 2;
+    const QPointF whole = QPointF(corner.toPoint() + picture->corner) / ratio;
+    painter.drawPixmap(QRectF(whole, QSizeF(picture->pixmap.size()) / ratio), picture->pixmap,
+                       QRectF(picture->pixmap.rect()));
+    return true;
 }
 
 QPixmap PictureStore::scaled(const std::string& systemPath, int side, qreal ratio)
 {
+    const Scaled* const picture = find(systemPath, qRound(side * ratio));
+    if (picture == nullptr) {
+        return {};
+    }
+    QPixmap whole(picture->whole);
+    whole.fill(Qt::transparent);
+    QPainter(&whole).drawPixmap(picture->corner, picture->pixmap);
+    whole.setDevicePixelRatio(ratio);
+    return whole;
+}
+
+/// On a screen with many pixels a picture is larger, and so is what the other windows' pictures may take.
+void PictureStore::makeRoomFor(int pixels)
+{
+    const qsizetype allPages = qsizetype(kPages * kKeys) * kilobytes(expectedBytes(pixels));
+    scaled_.setMaxCost(std::clamp(allPages * 4 / 3, kScaledKilobytes, kMostKilobytes));
+}
+
+void PictureStore::prepare(const std::vector<std::string>& systemPaths, int side, qreal ratio)
+{
+    const unsigned round = ++round_;
     const int pixels = qRound(side * ratio);
     if (pixels <= 0) {
-        return {};
+        return;
     }
-    const QString key = qtext(systemPath) + QLatin1Char('|') + QString::number(pixels);
-    if (const QPixmap* const known = scaled_.object(key)) {
-        QPixmap pixmap = *known;
-        pixmap.setDevicePixelRatio(ratio);
-        return pixmap;
+    makeRoomFor(pixels);
+    qsizetype room = scaled_.maxCost() * 9 / 10;
+    std::vector<std::string> wanted;
+    for (const std::string& path : systemPaths) {
+        const Scaled* const known = scaled_.object(key(path, pixels));  // and it counts as used just now
+        room -= known != nullptr ? kilobytes(qsizetype(4) * known->pixmap.width() * known->pixmap.height())
+                                 : kilobytes(expectedBytes(pixels));
+        if (room < 0) {
+            break;
+        }
+        if (known == nullptr && !path.empty()) {
+            wanted.push_back(path);
+        }
     }
-    const QImage original = image(systemPath);
-    if (original.isNull()) {
-        return {};
-    }
-    QPixmap pixmap =
-        QPixmap::fromImage(original.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-                               .scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-    scaled_.insert(key, new QPixmap(pixmap), kilobytes(qsizetype(4) * pixmap.width() * pixmap.height()));
-    pixmap.setDevicePixelRatio(ratio);
-    return pixmap;
+    background_.start([this, wanted = std::move(wanted), pixels, round] {
+        for (const std::string& path : wanted) {
+            if (round_ != round) {
+                return;
+            }
+            const QImage original = decode(drives_, path);
+            if (original.isNull()) {
+                continue;
+            }
+            const auto arrived = [this, path, pixels, picture = scale(original, pixels)] {
+                if (!scaled_.contains(key(path, pixels))) {
+                    keep(path, pixels, picture);
+                }
+            };
+            QMetaObject::invokeMethod(&receiver_, arrived, Qt::QueuedConnection);
+        }
+    });
 }
 
 }  // namespace karvel

@@ -72,15 +72,10 @@ void SignButton::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(QPen(between(surface, inkOn(surface), 0.28), 1));
     painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
 
-    const int side = std::min(width(), height()) - 8;
-    const QPixmap picture = path_.empty() ? QPixmap() : pictures_.scaled(path_, side, devicePixelRatioF());
     painter.setPen(inkOn(face));
-    if (!picture.isNull()) {
-        const QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatio();
-        const QPointF shift = isDown() ? QPointF(1, 1) : QPointF(0, 0);
-        painter.drawPixmap(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2) + shift,
-                           picture);
-    } else if (codeAsText_) {
+    const QPointF centre = QRectF(rect()).center() + (isDown() ? QPointF(1, 1) : QPointF(0, 0));
+    const bool drawn = !path_.empty() && pictures_.draw(painter, path_, centre, pictureSide());
+    if (!drawn && codeAsText_) {
         painter.drawText(rect(), Qt::AlignCenter, qtext(code_));
     }
     if (!QAbstractButton::text().isEmpty()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <algorithm>
 #include <string>
 
 #include "windows/PictureStore.hpp"
@@ -22,6 +23,9 @@ class SignButton : public QAbstractButton {
 
     [[nodiscard]] const std::string& picturePath() const { return path_; }
     [[nodiscard]] const std::string& code() const { return code_; }
+
+    /// How large the sign is drawn, in logical pixels.
+    [[nodiscard]] int pictureSide() const { return std::min(width(), height()) - 8; }
 
     [[nodiscard]] QSize sizeHint() const override { return {56, 56}; }
     [[nodiscard]] QSize minimumSizeHint() const override { return {28, 28}; }

@@ -39,10 +39,7 @@ void SignCell::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(QPen(between(surface, ink, 0.25), 1));
     painter.drawLine(QPointF(6, height() - 3.5), QPointF(width() - 6, height() - 3.5));
     if (!cell_.blank()) {
-        const QPixmap picture =
-            pictures_.scaled(cell_.path, std::min(width(), height()) - 10, devicePixelRatioF());
-        const QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatio();
-        painter.drawPixmap(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), picture);
+        pictures_.draw(painter, cell_.path, area.center(), std::min(width(), height()) - 10);
     }
     if (cell_.border) {
         painter.setPen(QPen(ink, 1));

@@ -56,6 +56,24 @@ class TestForm1 : public QObject {
         QCOMPARE(stage.session().display().DisplayCodes(), std::string("d51"));
     }
 
+    void scalesTheOtherPagesInTheBackground()
+    {
+        Stage stage;
+        PictureStore& pictures = stage.desktop().pictures();
+        QTRY_VERIFY_WITH_TIMEOUT(pictures.kept() >= static_cast<qsizetype>(kPages * kKeys), 60000);
+        const std::string directory = stage.session().images().GlyphDirectory();
+        const std::string path = stage.session().images().path("o19");
+        const int side = stage.control<SignButton>("tasto(0)")->pictureSide();
+        PictureStore fresh(stage.drive().files().drives());
+        const QImage expected = fresh.scaled(path, side, 1).toImage();
+        QVERIFY(!expected.isNull());
+        // What was scaled needs no file any more, and looks as if it had just been read.
+        std::filesystem::rename(stage.drive().host(directory), stage.drive().host(directory + "2"));
+        QCOMPARE(pictures.scaled(path, side, 1).toImage(), expected);
+        stage.press("o19");
+        QCOMPARE(stage.control<SignButton>("tasto(18)")->picturePath(), path);
+    }
+
     void everyModeButSplittingSearches_data()
     {
         QTest::addColumn<QString>("item");

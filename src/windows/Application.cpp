@@ -48,11 +48,17 @@ bool startUp(Session& session)
 
 int runApplication(int argc, char** argv)
 {
+#ifdef Q_OS_WIN
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "windows:darkmode=2");  // boxes, guide and title bars follow a dark system
+    }
+#endif
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Karvel"));
     QApplication::setApplicationVersion(QLatin1String(kVersion));
     QApplication::setDesktopFileName(QStringLiteral("karvel"));
     QApplication::setStyle(new Style);
+    adoptContrastTheme();
     QApplication::setQuitOnLastWindowClosed(false);
     initialiseResources();
     QIcon icon;

@@ -55,6 +55,16 @@ void Form1::closeEvent(QCloseEvent* event)
     QApplication::quit();
 }
 
+/// The system has changed its theme: its contrast may go before the user's colours now, or no longer.
+void Form1::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ApplicationPaletteChange && command12_ != nullptr) {
+        shownWindow_ = 0;
+        emit desktop_.changed();
+    }
+}
+
 void Form1::leave()
 {
     if (confirmExit(desktop_.session().ui())) {
@@ -113,8 +123,9 @@ void Form1::showColours()
     QPalette cells = paletteFor(display);
     picture1_->setPalette(cells);
     QPalette action = paletteFor(window);
-    action.setColor(QPalette::Button, kAccent);
-    action.setColor(QPalette::ButtonText, inkOn(kAccent));
+    const QColor accent = strongContrast() ? action.color(QPalette::Highlight) : kAccent;
+    action.setColor(QPalette::Button, accent);
+    action.setColor(QPalette::ButtonText, inkOn(accent));
     command12_->setPalette(action);
     showIcons();
 }
@@ -134,7 +145,7 @@ void Form1::showIcons()
     for (const auto& [name, symbol] : symbols) {
         findChild<QToolButton*>(QLatin1String(name))->setIcon(symbolIcon(symbol, ink));
     }
-    command12_->setIcon(symbolIcon(Symbol::Search, inkOn(kAccent)));
+    command12_->setIcon(symbolIcon(Symbol::Search, command12_->palette().color(QPalette::ButtonText)));
 }
 
 void Form1::showDisplay()

@@ -69,7 +69,7 @@ void SignButton::paintEvent(QPaintEvent* /*event*/)
     }
     const QRectF frame = QRectF(rect()).adjusted(1, 1, -1, -1);
     painter.setBrush(face);
-    painter.setPen(QPen(between(surface, inkOn(surface), 0.28), 1));
+    painter.setPen(QPen(outlineOn(surface, 0.28), 1));
     painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
 
     painter.setPen(inkOn(face));
@@ -87,7 +87,7 @@ void SignButton::paintEvent(QPaintEvent* /*event*/)
     }
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(kAccent, 2));
+        painter.setPen(focusPen(surface));
         painter.drawRoundedRect(frame.adjusted(1, 1, -1, -1), 4, 4);
     }
 }

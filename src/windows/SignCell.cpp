@@ -36,7 +36,7 @@ void SignCell::paintEvent(QPaintEvent* /*event*/)
     const QRectF area = QRectF(rect());
     painter.fillRect(rect(), surface);
     // A faint ground line tells where a sign may stand.
-    painter.setPen(QPen(between(surface, ink, 0.25), 1));
+    painter.setPen(QPen(outlineOn(surface, 0.25), 1));
     painter.drawLine(QPointF(6, height() - 3.5), QPointF(width() - 6, height() - 3.5));
     if (!cell_.blank()) {
         pictures_.draw(painter, cell_.path, area.center(), std::min(width(), height()) - 10);

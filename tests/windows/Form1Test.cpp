@@ -56,6 +56,24 @@ class TestForm1 : public QObject {
         QCOMPARE(stage.session().display().DisplayCodes(), std::string("d51"));
     }
 
+    void strongContrastOfTheSystemGoesBeforeTheUsersColours()
+    {
+        Stage stage;
+        const auto surfaces = [&stage] {
+            return std::pair(stage.form1().palette().color(QPalette::Window),
+                             stage.control<QWidget>("Picture1")->palette().color(QPalette::Window));
+        };
+        const auto chosen = surfaces();
+        const QPalette before = QApplication::palette();
+        QPalette blackAndWhite(Qt::white, Qt::black);
+        blackAndWhite.setColor(QPalette::WindowText, Qt::white);
+        blackAndWhite.setColor(QPalette::Window, Qt::black);
+        QApplication::setPalette(blackAndWhite);
+        QTRY_COMPARE(surfaces(), std::pair(QColor(Qt::black), QColor(Qt::black)));
+        QApplication::setPalette(before);
+        QTRY_COMPARE(surfaces(), chosen);
+    }
+
     void scalesTheOtherPagesInTheBackground()
     {
         Stage stage;

@@ -65,7 +65,7 @@ FindSign::FindSign(Desktop& desktop, QWidget& stage, QWidget* parent)
     field_->setAccessibleName(QStringLiteral("Trova segno"));
     field_->setToolTip(
         QStringLiteral("numero di Gardiner, codice, valore fonetico o parola della descrizione; "
-                       "Invio inserisce, Spazio passa al segno seguente"));
+                       "Invio inserisce, Spazio passa al segno seguente; Invio a campo vuoto cerca"));
     field_->setClearButtonEnabled(true);
     field_->setMinimumWidth(210);
     field_->installEventFilter(this);
@@ -83,13 +83,16 @@ FindSign::FindSign(Desktop& desktop, QWidget& stage, QWidget* parent)
     connect(list_, &QListWidget::itemClicked, this, [this] { insertChosen(); });
 }
 
-void FindSign::start()
+void FindSign::start(const QString& typed)
 {
     if (!field_->hasFocus()) {
         before_ = QApplication::focusWidget();
     }
     field_->setFocus(Qt::ShortcutFocusReason);
     field_->selectAll();
+    if (!typed.isEmpty()) {
+        field_->setText(typed);
+    }
 }
 
 void FindSign::list()
@@ -166,7 +169,11 @@ bool FindSign::key(int key)
             return true;
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            insertChosen();
+            if (field_->text().isEmpty()) {
+                emit finished();
+            } else {
+                insertChosen();
+            }
             return true;
         case Qt::Key_Down:
             move(1);

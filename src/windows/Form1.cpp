@@ -154,6 +154,8 @@ void Form1::showDisplay()
     for (std::size_t i = 0; i < vendol_.size(); ++i) {
         vendol_[i]->setCell(display.cells()[i], display.selected(i));
     }
+    hint_->setVisible(display.signs() == 0 &&
+                      std::ranges::all_of(display.cells(), &DisplayLine::Cell::blank));
     csx_->setEnabled(display.cursorEnabled());
     cdx_->setEnabled(display.cursorEnabled());
     deleteSign_->setEnabled(display.deleteEnabled());

@@ -104,6 +104,7 @@ class Form1 : public QMainWindow {
     QLabel* label1_ = nullptr;
     QFrame* picture1_ = nullptr;
     std::array<SignCell*, DisplayLine::kCells> vendol_{};
+    QLabel* hint_ = nullptr;  ///< how to begin, while the display line is empty
     QToolButton* csx_ = nullptr;
     QToolButton* cdx_ = nullptr;
     QToolButton* deleteSign_ = nullptr;

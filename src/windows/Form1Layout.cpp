@@ -1,5 +1,6 @@
 #include <QAbstractButton>
 #include <QFrame>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -72,9 +73,15 @@ QWidget* Form1::displayLine()
         connect(vendol_[i], &QAbstractButton::clicked, this,
                 [this, &display, i] { desktop_.handle([&display, i] { display.clickCell(i); }); });
     }
-    auto* const framed = new QHBoxLayout(picture1_);
+    hint_ = label("hint", picture1_);
+    hint_->setText(QStringLiteral("Premete i segni della tavolozza, oppure scrivete un valore (nfr)\n"
+                                  "o una parola (gufo) e premete Invio. Poi premete Cerca."));
+    hint_->setAlignment(Qt::AlignCenter);
+    hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* const framed = new QGridLayout(picture1_);
     framed->setContentsMargins(kGap, kGap, kGap, kGap);
-    framed->addWidget(cells);
+    framed->addWidget(cells, 0, 0);
+    framed->addWidget(hint_, 0, 0, Qt::AlignCenter);
 
     csx_ = button("CSX", QStringLiteral("cursore a sinistra"), [&display] { display.cursorLeft(); });
     cdx_ = button("CDX", QStringLiteral("cursore a destra"), [&display] { display.cursorRight(); });
@@ -164,6 +171,7 @@ QBoxLayout* Form1::pageLine()
     row->addWidget(hScroll1_, 1);
     row->addWidget(pageRange_);
     find_ = new FindSign(desktop_, *keys_, centre_);
+    connect(find_, &FindSign::finished, command12_, &QPushButton::click);
     row->addWidget(find_);
     return row;
 }

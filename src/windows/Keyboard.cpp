@@ -83,7 +83,17 @@ bool Keyboard::key(QKeyEvent& event, QWidget& focus)
     if (event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) {
         return false;
     }
-    return moves(event.key(), focus) || edits(event.key(), focus);
+    return moves(event.key(), focus) || edits(event.key(), focus) || finds(event.text());
+}
+
+/// Who just types means a sign: the letter goes where signs are found.
+bool Keyboard::finds(const QString& typed)
+{
+    if (typed.isEmpty() || !typed[0].isLetterOrNumber()) {
+        return false;
+    }
+    find_.start(typed);
+    return true;
 }
 
 bool Keyboard::anywhere(QKeyEvent& event)

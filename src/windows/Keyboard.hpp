@@ -29,6 +29,7 @@ class Keyboard : public QObject {
     bool withControl(int key);
     bool moves(int key, QWidget& focus);
     bool edits(int key, QWidget& focus);
+    bool finds(const QString& typed);
     void turnTo(int page);
     [[nodiscard]] static int pageOf(const QKeyEvent& event);
 

@@ -68,6 +68,26 @@ class TestKeyboard : public QObject {
         QVERIFY(!list->isVisible());
     }
 
+    void whoJustTypesFindsASignAndSearches()
+    {
+        Stage stage(record("e16", "in", "m", "preposizione"));
+        activate(stage);
+        QVERIFY(stage.control<QWidget>("hint")->isVisible());
+        stage.control<QWidget>("tasto(4)")->setFocus();
+        type("gufo");
+        QCOMPARE(focused(), QStringLiteral("findSign"));
+        QCOMPARE(stage.control<QLineEdit>("findSign")->text(), QStringLiteral("gufo"));
+        key(Qt::Key_Return);
+        QCOMPARE(stage.session().display().DisplayCodes(), std::string("e16"));
+        QVERIFY(!stage.control<QWidget>("hint")->isVisible());
+        stage.expect({.title = "Traduzione",
+                      .text = "1) -  IN\n\n2) -  m\n\nNote: preposizione",
+                      .buttons = Buttons::OkCancel},
+                     Button::Cancel);
+        key(Qt::Key_Return);
+        QVERIFY(stage.noBoxLeft());
+    }
+
     void movesAndEditsWithoutAMouse()
     {
         Stage stage(record("b02", "donna"));

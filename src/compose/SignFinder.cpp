@@ -17,6 +17,11 @@ constexpr std::string_view kCommon =
     "o19h11o36g03b47o35o41l35p19c09e16o27o45e44c31n35c18i27o38e11f21h18h49o16g34a01h15a02c27h05"
     "h09i39e38a24n37n38i11g09o31h19b28f22e08o39f41h44o03e37b03g52h12o46o43d51m31c13h01b30p04d50";
 
+/// Other words under which people look for what a description names.
+constexpr std::pair<std::string_view, std::string_view> kAlsoCalled[] = {
+    {"CIVETTA", "GUFO"}, {"ANKH", "CROCE ANSATA"}, {"CUORE E TRACHEA", "NEFER"}, {"SCIACALLO", "CANE"},
+};
+
 constexpr int kNoMatch = std::numeric_limits<int>::max();
 
 std::size_t commonness(std::string_view code)
@@ -100,8 +105,14 @@ SignFinder::SignFinder(const SignRepertoire& repertoire)
         for (const std::string_view value : parts(sign.values, '/')) {
             upperValues.push_back(upperCase(value));
         }
+        std::string description = folded(sign.description);
+        for (const auto& [name, other] : kAlsoCalled) {
+            if (placeOf(name, description) == 0) {
+                description.append(" ").append(other);
+            }
+        }
         entries_.push_back({&sign, upperCase(sign.gardiner), parts(sign.values, '/'), std::move(upperValues),
-                            folded(sign.description)});
+                            std::move(description)});
     }
 }
 

@@ -30,7 +30,7 @@ class SignFinder {
         std::string gardiner;                  ///< upper case
         std::vector<std::string_view> values;  ///< phonetic, as recorded
         std::vector<std::string> upperValues;  ///< upper case
-        std::string description;               ///< upper case without accents
+        std::string description;               ///< upper case without accents, other names added
     };
     struct Wanted {
         std::string asTyped;  ///< transliteration letters turned to ASCII

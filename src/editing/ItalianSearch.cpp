@@ -1,6 +1,7 @@
 #include "editing/ItalianSearch.hpp"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 #include "base/CodePage.hpp"
@@ -14,35 +15,36 @@ namespace {
 /// before keeps its tail.
 constexpr std::size_t kLastCleared = 9;
 
-/// A translation with what it is sorted by.
-struct ListedWord {
-    std::string key;  ///< folded, then in upper case, so that "papa" and "PAPA" stand together before "papà"
-    std::string translation;
-};
+/// The translations by what they are sorted by: folded, then in upper case, so that "papa" and "PAPA" stand
+/// together before "papà". Of those that differ in case only, the first of the file is kept.
+using ListedWords = std::unordered_map<std::string, std::string>;
 
-void readInto(std::vector<ListedWord>& words, RecordReader& reader)
+void readInto(ListedWords& words, RecordReader& reader)
 {
+    std::string key;
     while (reader.next()) {
         const std::string_view translation = reader.record().translation;
-        std::string key = foldedBytes(translation);
+        key = foldedBytes(translation);
         key += '\0';
         key += upperCaseBytes(translation);
-        words.push_back({std::move(key), std::string(translation)});
+        words.try_emplace(key, translation);
     }
 }
 
 /// The list from the hidden sorted one. It goes one place beyond the last word: the empty line there lets the
 /// user go back to "no word".
-std::vector<std::string> listOf(std::vector<ListedWord>& words)
+std::vector<std::string> listOf(const ListedWords& words)
 {
-    std::ranges::stable_sort(words, {}, &ListedWord::key);
+    std::vector<const ListedWords::value_type*> sorted;
+    sorted.reserve(words.size());
+    for (const auto& word : words) {
+        sorted.push_back(&word);
+    }
+    std::ranges::sort(sorted, {}, [](const auto* word) -> const std::string& { return word->first; });
     std::vector<std::string> list;
-    const std::string* previous = nullptr;
-    for (const ListedWord& word : words) {
-        if (previous == nullptr || word.key != *previous) {
-            list.push_back(decode(word.translation));
-            previous = &word.key;
-        }
+    list.reserve(sorted.size() + 1);
+    for (const auto* const word : sorted) {
+        list.push_back(decode(word->second));
     }
     if (list.empty() || !list.back().empty()) {
         list.emplace_back();
@@ -81,7 +83,7 @@ bool ItalianWord::contains(std::string_view translation) const
 
 std::vector<std::string> wordList(RecordReader& reader)
 {
-    std::vector<ListedWord> words;
+    ListedWords words;
     readInto(words, reader);
     return listOf(words);
 }
@@ -89,7 +91,7 @@ std::vector<std::string> wordList(RecordReader& reader)
 std::vector<std::string> ItalianSearch::buildWordList()
 {
     const BusyPointer hourglass(ui_);
-    std::vector<ListedWord> words;
+    ListedWords words;
     try {
         RecordReader reader(openDictionary(files_, ui_));
         readInto(words, reader);

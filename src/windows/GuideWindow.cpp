@@ -3,6 +3,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QFile>
 #include <QHBoxLayout>
+#include <QImage>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -12,6 +13,7 @@
 #include <QTextBrowser>
 #include <QTextFragment>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "windows/Desktop.hpp"
 #include "windows/Resources.hpp"
@@ -37,7 +39,8 @@ void layOut(QTextDocument& document, qreal width)
                 continue;
             }
             QTextImageFormat image = character.toImageFormat();
-            image.setWidth(width);
+            const QSize size = QImage(QStringLiteral(":/guida/") + image.name()).size();
+            image.setWidth(std::min<qreal>(size.width(), width));
             cursor.setPosition(part.fragment().position());
             cursor.setPosition(part.fragment().position() + part.fragment().length(),
                                QTextCursor::KeepAnchor);

@@ -1,9 +1,11 @@
 // Takes a picture of every window, for the guide and for whoever judges how they look:
 //   make_pictures DIRECTORY
 #include <QDir>
+#include <QPainter>
 #include <QTest>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 #include "windows/AboutWindow.hpp"
 #include "windows/AlphabetWindow.hpp"
@@ -52,6 +54,40 @@ void open(Stage& stage, const QString& directory)
     window->close();
 }
 
+/// Takes a box together with the window behind it, at the moment in which it is shown.
+class BoxPicture : public QObject {
+  public:
+    BoxPicture(QWidget& window, QString file) : window_(window), file_(std::move(file))
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto* const box = qobject_cast<QMessageBox*>(watched);
+        if (box != nullptr && event->type() == QEvent::Show) {
+            const QPixmap shown = box->grab();
+            QPixmap picture = window_.grab();
+            QPainter painter(&picture);
+            const QFontMetrics metrics(painter.font());
+            const int title = metrics.height() + 10;
+            QRect frame(QPoint(), shown.size() + QSize(2, title + 2));
+            frame.moveCenter(picture.rect().center());
+            painter.fillRect(frame, kAccent);
+            painter.setPen(Qt::white);
+            painter.drawText(frame.adjusted(12, 0, 0, title - frame.height()), Qt::AlignVCenter, box->windowTitle());
+            painter.drawPixmap(frame.topLeft() + QPoint(1, title + 1), shown);
+            painter.end();
+            picture.save(file_);
+        }
+        return false;
+    }
+
+  private:
+    QWidget& window_;
+    QString file_;
+};
+
 void compose(Stage& stage, std::initializer_list<const char*> codes)
 {
     for (const char* const code : codes) {
@@ -73,9 +109,18 @@ int main(int argc, char** argv)
     std::ifstream shipped(std::string(KARVEL_SOURCE_DIR) + "/data/tree/dizio.txt", std::ios::binary);
     Stage stage(std::string(std::istreambuf_iterator<char>(shipped), {}));
 
+    stage.form1().resize(1180, 690);
     stage.choose("prefins");
     compose(stage, {"d51", "f21", "b47"});
     take(stage.form1(), directory);
+    {
+        const BoxPicture traduzione(stage.form1(), directory + QStringLiteral("/traduzione.png"));
+        stage.expect({.title = "Traduzione",
+                      .text = "1) -  BUONO, BELLO, PERFETTO\n\n2) -  nfr\n\nNote: aggettivo; Wb 2, 253.1-256.15",
+                      .buttons = Buttons::OkCancel},
+                     Button::Cancel);
+        stage.click("Command12");
+    }
     form9::openFromMenu(stage.desktop(), stage.windows());
     take(*stage.windows().opened<form9>(), directory);
     stage.windows().opened<form9>()->close();

@@ -231,6 +231,7 @@ void Form1::resizeEvent(QResizeEvent* event)
     const int cells = static_cast<int>(vendol_.size());
     const int side = (width() - 2 * csx_->sizeHint().width() - 8 * kGap) / cells;
     picture1_->setFixedHeight(std::clamp(side, 40, std::max(40, height() / 5)) + 2 * kGap);
+    centre_->layout()->activate();  // at once, so that no frame shows the line half resized
     pageTurned_.start();
 }
 

@@ -113,6 +113,7 @@ int main(int argc, char** argv)
     stage.choose("prefins");
     compose(stage, {"d51", "f21", "b47"});
     take(stage.form1(), directory);
+    QTest::qWait(150);
     {
         const BoxPicture traduzione(stage.form1(), directory + QStringLiteral("/traduzione.png"));
         stage.expect({.title = "Traduzione",

@@ -7,14 +7,7 @@
 
 #include "base/CodePage.hpp"
 #include "base/HostFile.hpp"
-
-#if defined(_WIN32)
-#define WIN32_LEAN_AND_MEAN
-#if !defined(NOMINMAX)
-#define NOMINMAX
-#endif
-#include <windows.h>
-#endif
+#include "base/WindowsHeader.hpp"
 
 namespace karvel {
 

@@ -1,14 +1,9 @@
 #if defined(_WIN32)
 
-#define WIN32_LEAN_AND_MEAN
-#if !defined(NOMINMAX)
-#define NOMINMAX
-#endif
-#include <windows.h>
-
 #include <algorithm>
 
 #include "base/HostFile.hpp"
+#include "base/WindowsHeader.hpp"
 
 namespace karvel {
 

@@ -4,8 +4,7 @@
 #include <utility>
 
 #include "base/CodePage.hpp"
-#include "cli/Command.hpp"
-#include "cli/Output.hpp"
+#include "cli/Matches.hpp"
 #include "dictionary/Lookup.hpp"
 #include "dictionary/TranslationLookup.hpp"
 
@@ -49,25 +48,12 @@ Exit search(const Arguments& given)
     if (mode == Mode::Split) {
         return splitPhrase(files, path.empty() ? kDictionaryPath : std::string_view(path), phrase);
     }
-    Output output;
-    bool found = false;
-    try {
-        RecordReader reader(files.open(path.empty() ? kDictionaryPath : std::string_view(path)));
+    return printMatches(files, path, [&](RecordReader& reader, const auto& print) {
         Lookup lookup(reader, MatchRule(static_cast<std::uint8_t>(mode), phrase));
         while (lookup.next()) {
-            found = true;
-            output.entry(reader.record());
+            print();
         }
-    } catch (const RuntimeError& error) {
-        output.flush();
-        complain(dictionaryErrorBox(error).text);
-        return Exit::Error;
-    }
-    output.flush();
-    if (!found) {
-        complain(kNothingFound);
-    }
-    return found ? Exit::Done : Exit::Nothing;
+    });
 }
 
 }  // namespace karvel::cli

@@ -3,6 +3,7 @@
 
 #include "base/CodePage.hpp"
 #include "cli/Command.hpp"
+#include "cli/Matches.hpp"
 #include "cli/Output.hpp"
 #include "dictionary/TranslationLookup.hpp"
 #include "dictionary/WordSplitter.hpp"
@@ -77,26 +78,13 @@ Exit searchItalian(const Arguments& given)
     expectWords(arguments, 1, 1);
     const ItalianWord word(arguments[0], contains ? ItalianWord::Match::Contains : ItalianWord::Match::Whole);
     const FileSystem files(Drives::ofUser());
-    Output output;
-    bool found = false;
-    try {
-        RecordReader reader(files.open(path.empty() ? kDictionaryPath : std::string_view(path)));
+    return printMatches(files, path, [&word](RecordReader& reader, const auto& print) {
         while (reader.next()) {
             if (word.matches(reader.record().translation)) {
-                found = true;
-                output.entry(reader.record());
+                print();
             }
         }
-    } catch (const RuntimeError& error) {
-        output.flush();
-        complain(dictionaryErrorBox(error).text);
-        return Exit::Error;
-    }
-    output.flush();
-    if (!found) {
-        complain(kNothingFound);
-    }
-    return found ? Exit::Done : Exit::Nothing;
+    });
 }
 
 Exit transcribeName(const Arguments& given)

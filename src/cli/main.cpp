@@ -7,12 +7,8 @@
 #include "cli/Output.hpp"
 
 #if defined(_WIN32)
-#define WIN32_LEAN_AND_MEAN
-#if !defined(NOMINMAX)
-#define NOMINMAX
-#endif
-#include <windows.h>
-
+#include "base/WindowsHeader.hpp"
+// After the system's header, which it needs:
 #include <shellapi.h>
 
 #include <filesystem>

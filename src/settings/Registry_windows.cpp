@@ -1,9 +1,7 @@
 #if defined(_WIN32)
 
-#define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
-#include <windows.h>
-// After windows.h, which it needs:
+#include "base/WindowsHeader.hpp"
+// After the system's header, which it needs:
 #include <shellapi.h>
 
 #include <filesystem>

@@ -4,9 +4,7 @@
 #include <QPainter>
 #include <QStyleOption>
 
-#ifdef Q_OS_WIN
-#include <windows.h>
-#endif
+#include "base/WindowsHeader.hpp"
 
 namespace karvel {
 

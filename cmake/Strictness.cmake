@@ -2,9 +2,16 @@
 add_library(karvel_strictness INTERFACE)
 target_compile_options(karvel_strictness INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Werror
-    -Wno-restrict)  # GCC 12 warns of its own string concatenation
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)  # GCC 12 warns of its own string concatenation
 if(KARVEL_SANITIZE)
     target_compile_options(karvel_strictness INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer -O1)
     target_link_options(karvel_strictness INTERFACE -fsanitize=address,undefined)
+endif()
+if(KARVEL_FUZZ)
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+        message(FATAL_ERROR "the fuzz targets need clang (the preset fuzz asks for it)")
+    endif()
+    # The program's code tells the fuzzer where it has been; the library's own checks are on as well.
+    target_compile_options(karvel_strictness INTERFACE -fsanitize=fuzzer-no-link -D_GLIBCXX_ASSERTIONS)
 endif()

@@ -17,11 +17,20 @@ namespace {
 
 /// No group of fields may be longer: a file without a single line end is no text, and must not eat the
 /// memory.
-constexpr std::size_t kLongestGroup = std::size_t{1} << 30;
+constexpr std::size_t kLongestGroup = std::size_t{1} << 27;
 
 bool endsField(char byte)
 {
     return byte == ',' || byte == '\r' || byte == '\n';
+}
+
+/// A file of settings is a few bytes long and needs no window made for a dictionary.
+std::size_t windowFor(const ByteSource& source, std::size_t wanted)
+{
+    const std::uint64_t size = source.size();
+    const auto least =
+        static_cast<std::size_t>(size > 0 ? std::min<std::uint64_t>(size + 1, wanted) : wanted);
+    return std::max<std::size_t>(least, 16);
 }
 
 }  // namespace
@@ -29,7 +38,9 @@ bool endsField(char byte)
 std::size_t TextSource::read(std::span<char> buffer)
 {
     const std::size_t count = std::min(buffer.size(), text_.size() - at_);
-    std::memcpy(buffer.data(), text_.data() + at_, count);
+    if (count > 0) {  // an empty text may have no address at all
+        std::memcpy(buffer.data(), text_.data() + at_, count);
+    }
     at_ += count;
     return count;
 }
@@ -50,9 +61,7 @@ std::size_t WatchedSource::read(std::span<char> buffer)
 }
 
 FieldReader::FieldReader(ByteSource& source, std::size_t window)
-    : source_(source),
-      capacity_(std::max<std::size_t>(window, 16)),
-      buffer_(new char[capacity_ + kScanPadding]())
+    : source_(source), capacity_(windowFor(source, window)), buffer_(new char[capacity_ + kScanPadding]())
 {
 }
 
@@ -318,13 +327,16 @@ std::int64_t FieldReader::wholeNumber(std::int64_t lowest, std::int64_t highest)
     }
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (end != text.data() + text.size()) {
+        return 0;
+    }
     if (error == std::errc::result_out_of_range) {
         if (text.find('-', 1) != std::string_view::npos) {
             return 0;  // a negative exponent: too small for a fraction, not too large
         }
         throw RuntimeError(ErrorNumber::Overflow);
     }
-    if (error != std::errc() || end != text.data() + text.size()) {
+    if (error != std::errc()) {
         return 0;
     }
     value = std::nearbyint(value);

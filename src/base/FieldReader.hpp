@@ -70,7 +70,7 @@ class FieldReader {
   public:
     static constexpr std::size_t kWindow = 256 * 1024;
 
-    /// `source` must outlive the reader.
+    /// `source` must outlive the reader. A source known to be shorter gets a shorter window.
     explicit FieldReader(ByteSource& source, std::size_t window = kWindow);
 
     /// True when no byte is left.

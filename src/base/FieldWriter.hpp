@@ -14,6 +14,13 @@ namespace karvel {
 /// A field in double quotes on a line of its own. The text must hold no double quote.
 [[nodiscard]] std::string quotedLine(std::string_view utf8);
 
+/// Whether `utf8`, written bare, would be read back as something else.
+[[nodiscard]] bool needsQuotes(std::string_view utf8);
+
+/// A field on a line of its own that is read back as it is: bare, in double quotes only where it needs them.
+/// A text that needs them must hold no double quote.
+[[nodiscard]] std::string readableLine(std::string_view utf8);
+
 /// A number on a line of its own, a blank where the minus sign would stand.
 [[nodiscard]] std::string numberLine(std::int64_t number);
 

@@ -13,12 +13,12 @@ namespace {
 constexpr std::size_t kLargestFile = 1U << 20U;  // bytes; a card beyond that is no card
 constexpr std::string_view kNewCardSign = "a01";
 
-/// Fields one per line. One that holds a separator got there in quotes and keeps them.
+/// Fields one per line. One that needs quotes got there in quotes and keeps them.
 std::string linesOf(const std::vector<std::string>& fields)
 {
     std::string text;
     for (const std::string& field : fields) {
-        text += field.find_first_of(",\r\n") == std::string::npos ? fieldLine(field) : quotedLine(field);
+        text += readableLine(field);
     }
     return text;
 }

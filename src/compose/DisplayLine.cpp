@@ -274,7 +274,8 @@ void DisplayLine::removeAt(std::size_t offset)
     if (signs() <= kCells) {
         showStretch(0);
         count_ = static_cast<std::uint8_t>(signs());
-        moveBorderTo(codes_.empty() ? 0 : signs() - 1);
+        // A damaged undo file may have left less than one sign.
+        moveBorderTo(std::max<std::size_t>(signs(), 1) - 1);
         return;
     }
     const auto first = static_cast<std::size_t>(std::max(0, firstVisible_ - static_cast<int>(kCodeLength)));
@@ -320,7 +321,9 @@ void DisplayLine::dropLastCode()
     // Its cell may go on showing it: such a cell no longer stands for a sign of the phrase, nor for the one
     // that is composed next in its place.
     for (Cell& cell : cells_) {
-        if (cell.offset >= static_cast<int>(codes_.size())) {
+        // A damaged phrase may have lost a part of the sign.
+        const std::size_t length = std::min(cell.code.size(), kCodeLength);
+        if (cell.offset + static_cast<int>(length) > static_cast<int>(codes_.size())) {
             cell.offset = -1;
         }
     }

@@ -13,7 +13,7 @@ void saveUndo(const FileSystem& files, const UndoState& state)
 {
     // Written before every sign: it must survive the program's end, but need not wait for the disk.
     files.replace(kUndoPath,
-                  fieldLine("file undo") + fieldLine(state.DisplayCodes) +
+                  fieldLine("file undo") + readableLine(state.DisplayCodes) +
                       spacedNumberLine(state.DisplayCount) + spacedNumberLine(state.FirstVisibleOffset) +
                       spacedNumberLine(state.InsertPosition),
                   Durability::Process);
@@ -29,10 +29,12 @@ UndoState loadUndo(const FileSystem& files)
     state.DisplayCount = fields.number<std::uint8_t>();
     state.FirstVisibleOffset = fields.number<std::int16_t>();
     state.InsertPosition = fields.number<std::int16_t>();
-    // Any printable text is taken: a favourite from another directory may have put unknown codes into the
-    // phrase.
-    const bool printable = std::ranges::none_of(state.DisplayCodes, [](char c) { return c >= 0 && c < ' '; });
-    if (!printable || state.DisplayCodes.size() > DisplayLine::kLimit * kCodeLength) {
+    // Any plain text is taken: a favourite from another directory may have put unknown codes into the phrase.
+    // It is cut by threes everywhere, so that a character of several bytes would come apart, and a quote
+    // might come to stand first, where no file could give it back.
+    const bool plain =
+        std::ranges::all_of(state.DisplayCodes, [](char c) { return c >= ' ' && c < 0x7F && c != '"'; });
+    if (!plain || state.DisplayCodes.size() > DisplayLine::kLimit * kCodeLength) {
         throw RuntimeError(ErrorNumber::TypeMismatch);
     }
     return state;

@@ -5,7 +5,8 @@
 
 namespace karvel {
 
-RecordReader::RecordReader(std::unique_ptr<ByteSource> source) : source_(std::move(source)), fields_(*source_)
+RecordReader::RecordReader(std::unique_ptr<ByteSource> source, std::size_t window)
+    : source_(std::move(source)), fields_(*source_, window)
 {
 }
 

@@ -12,8 +12,8 @@ namespace karvel {
 /// Reads the dictionary record by record, front to back, one record at a time.
 class RecordReader {
   public:
-    /// Owns `source`.
-    explicit RecordReader(std::unique_ptr<ByteSource> source);
+    /// Owns `source`; `window` as FieldReader has it.
+    explicit RecordReader(std::unique_ptr<ByteSource> source, std::size_t window = FieldReader::kWindow);
 
     /// Moves to the next record; false at the end of the file, where blanks and line ends behind the last
     /// record are no record. Throws RuntimeError 62 when the file ends inside a record or a quote is never

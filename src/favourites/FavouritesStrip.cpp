@@ -19,14 +19,15 @@ std::string pageFile(std::string_view name)
 }
 
 /// Characters `first` to `first` + 2 of `path`, counted from 0. The phrase holds three characters a sign, so
-/// one that is no plain text is replaced.
+/// one that is no plain text is replaced; so is a quote, which no file could give back.
 std::string threeCharacters(std::string_view path, std::size_t first)
 {
     std::string found;
     for (std::size_t at = 0, number = 0; at < path.size() && number < first + kCodeLength; ++number) {
         const char32_t character = nextCharacter(path, at);
         if (number >= first) {
-            found += character >= U' ' && character < 0x7F ? static_cast<char>(character) : '?';
+            found += character >= U' ' && character < 0x7F && character != U'"' ? static_cast<char>(character)
+                                                                                : '?';
         }
     }
     return found;
@@ -240,20 +241,15 @@ void FavouritesStrip::turnTo(int page)
     showStrip();
 }
 
-std::string FavouritesStrip::lines(std::size_t slots) const
-{
-    std::string text;
-    for (std::size_t i = 0; i < slots; ++i) {
-        text += fieldLine(favourites_[i]);
-    }
-    return text;
-}
-
 void FavouritesStrip::save(std::string_view chosen) const
 {
     if (!chosen.empty()) {
+        std::string text;
+        for (const std::string& slot : favourites_) {
+            text += readableLine(slot);
+        }
         // Kept: the ending is added to every name, also to one that has it already.
-        files_.replace(std::string(chosen) + ".prf", lines(kSlots));
+        files_.replace(std::string(chosen) + ".prf", text);
     }
 }
 
@@ -267,8 +263,12 @@ void FavouritesStrip::load(std::string_view chosen)
 /// A record for the user, which nothing reads back: a failure is none of his business here.
 void FavouritesStrip::writeStripFile() const
 {
+    std::string text;
+    for (std::size_t i = 0; i < kButtons; ++i) {
+        text += fieldLine(favourites_[i]);
+    }
     try {
-        files_.replace(kStripPath, lines(kButtons), Durability::Process);
+        files_.replace(kStripPath, text, Durability::Process);
     } catch (const RuntimeError&) {
         return;
     }

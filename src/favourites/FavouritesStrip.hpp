@@ -89,7 +89,6 @@ class FavouritesStrip {
     void showStrip();
     void readWhole(std::string_view path);
     void turnTo(int page);
-    [[nodiscard]] std::string lines(std::size_t slots) const;
     void writeStripFile() const;
 
     const FileSystem& files_;

@@ -1,7 +1,5 @@
 #include "settings/DirectoryListing.hpp"
 
-#include <ranges>
-
 #include "base/RuntimeError.hpp"
 
 namespace karvel {
@@ -29,12 +27,12 @@ std::string pathBelow(const std::string& directory, const std::string& name)
 DirectoryListing listDirectory(const Drives& drives, const std::string& path)
 {
     const std::vector<std::string> chain = directoryChain(path);
-    for (const std::string& directory : chain | std::views::reverse) {
+    for (auto directory = chain.rbegin(); directory != chain.rend(); ++directory) {
         try {
-            return {.path = directory,
-                    .subdirectories = drives.subdirectories(directory),
+            return {.path = *directory,
+                    .subdirectories = drives.subdirectories(*directory),
                     .readable = true,
-                    .asWanted = directory == chain.back()};
+                    .asWanted = directory == chain.rbegin()};
         } catch (const RuntimeError&) {
             continue;  // the next one above
         }

@@ -19,17 +19,6 @@ bool isDisc(std::string_view drive)
     return drive == "d:\\" || drive == "d:";
 }
 
-bool needsQuotes(std::string_view path)
-{
-    return path.find(',') != std::string_view::npos || path.starts_with('"') || path.starts_with(' ');
-}
-
-/// A bare line; in quotes only where a bare one would be read back as something else.
-std::string settingsLine(const std::string& path)
-{
-    return needsQuotes(path) ? quotedLine(path) : fieldLine(path);
-}
-
 }  // namespace
 
 GlyphDirectoryChooser::GlyphDirectoryChooser(const FileSystem& files, UserInterface& ui, SignImages& images,
@@ -146,7 +135,7 @@ bool GlyphDirectoryChooser::confirm()
         return false;
     }
     images_.setGlyphDirectory(candidate_);
-    files_.replace(kGlyphDirectoryPath, settingsLine(candidate_));
+    files_.replace(kGlyphDirectoryPath, readableLine(candidate_));
     palette_.loadPage();
     display_.reload();
     return true;

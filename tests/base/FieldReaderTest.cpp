@@ -4,26 +4,12 @@
 
 #include <algorithm>
 #include <cstring>
-#include <optional>
 #include <random>
+
+#include "support/FieldModel.hpp"
 
 namespace karvel {
 namespace {
-
-/// Hands out at most `step` bytes at a time, as a slow device may.
-class Dribble : public ByteSource {
-  public:
-    Dribble(std::string_view text, std::size_t step) : text_(text), step_(step) {}
-    std::size_t read(std::span<char> buffer) override
-    {
-        return text_.read(buffer.first(std::min(buffer.size(), step_)));
-    }
-    [[nodiscard]] std::uint64_t size() const override { return text_.size(); }
-
-  private:
-    TextSource text_;
-    std::size_t step_;
-};
 
 struct Read {
     std::vector<std::string> fields;
@@ -41,61 +27,9 @@ void PrintTo(const Read& read, std::ostream* out)
     *out << (read.failed ? "error 62" : "") << (read.insideQuote ? " inside quotes" : "");
 }
 
-/// The slow, obvious reader that judges the fast one: everything in memory, one character at a time.
-class Model {
-  public:
-    explicit Model(std::string_view text) : text_(text) {}
-
-    [[nodiscard]] bool atEnd() const { return at_ == text_.size(); }
-    [[nodiscard]] std::size_t position() const { return at_; }
-
-    [[nodiscard]] bool onlyBlankLinesLeft() const
-    {
-        return text_.substr(at_).find_first_not_of(" \r\n") == std::string_view::npos;
-    }
-
-    /// Nothing is error 62.
-    std::optional<std::string> field()
-    {
-        while (!atEnd() && text_[at_] == ' ') {
-            ++at_;
-        }
-        if (atEnd()) {
-            return std::nullopt;
-        }
-        std::string field;
-        const bool quoted = text_[at_] == '"';
-        if (quoted) {
-            const std::size_t close = text_.find('"', at_ + 1);
-            if (close == std::string_view::npos) {
-                insideQuote = true;
-                return std::nullopt;
-            }
-            field = text_.substr(at_ + 1, close - at_ - 1);
-            at_ = close + 1;
-        }
-        const std::size_t end = std::min(text_.find_first_of(",\r\n", at_), text_.size());
-        if (!quoted) {
-            field = text_.substr(at_, end - at_);
-            field.resize(field.find_last_not_of(' ') + 1);
-        }
-        at_ = end;
-        if (!atEnd()) {
-            at_ += text_.substr(at_).starts_with("\r\n") ? 2 : 1;
-        }
-        return field;
-    }
-
-    bool insideQuote = false;
-
-  private:
-    std::string_view text_;
-    std::size_t at_ = 0;
-};
-
 Read readAll(std::string_view text, std::size_t window, std::size_t step)
 {
-    Dribble source(text, step);
+    testing::Dribble source(text, step);
     FieldReader reader(source, window);
     Read read;
     try {
@@ -177,7 +111,7 @@ std::string randomText(std::mt19937& random)
 }
 
 /// Skips records without "a01" and moves the model to the same place; true when any was skipped.
-bool skip(FieldReader& reader, Model& model, std::string_view text)
+bool skip(FieldReader& reader, testing::FieldModel& model, std::string_view text)
 {
     const auto from = static_cast<std::size_t>(reader.position());
     const bool skipped = reader.skipRecordsWithout("a01");
@@ -191,7 +125,7 @@ bool skip(FieldReader& reader, Model& model, std::string_view text)
         EXPECT_TRUE(model.field());
     }
     EXPECT_EQ(model.position(), to);  // only whole records were skipped
-    Model ahead = model;
+    testing::FieldModel ahead = model;
     for (int field = 0; field < 4; ++field) {
         EXPECT_TRUE(ahead.field());  // and one is left to be read
     }
@@ -206,9 +140,9 @@ TEST(FieldReader, AgreesWithTheObviousReaderOnAnyMixOfCalls)
         const std::string text = randomText(random);
         const std::size_t window = 16 + random() % (round % 2 == 0 ? 40 : 900);
         SCOPED_TRACE(::testing::PrintToString(text) + " window " + std::to_string(window));
-        Dribble source(text, 1 + random() % (round % 3 == 0 ? 40 : 900));
+        testing::Dribble source(text, 1 + random() % (round % 3 == 0 ? 40 : 900));
         FieldReader reader(source, window);
-        Model model(text);
+        testing::FieldModel model(text);
         for (bool failed = false; !failed && !HasFailure();) {
             std::array<std::string_view, 4> fields;
             std::size_t count = 1 + random() % fields.size();

@@ -3,9 +3,11 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QProcess>
 #include <QThread>
 #include <QTimer>
 
+#include "windows/DirectoryReader.hpp"
 #include "windows/ItalianWindow.hpp"
 #include "windows/Text.hpp"
 
@@ -127,6 +129,9 @@ void Monkey::tick()
         interrupt();
         return;
     }
+    if (waitsForOthers()) {
+        return;
+    }
     check();
     if (!broken_.empty()) {
         return;
@@ -138,6 +143,28 @@ void Monkey::tick()
         rules_.excuse();
         searching_ = false;
     }
+}
+
+/// What another process or a thread answers comes when it comes; so that the same seed is the same story, it
+/// is waited for.
+bool Monkey::waitsForOthers()
+{
+    const Form1* const form1 = run_->form1();
+    if (form1 == nullptr) {
+        return false;
+    }
+    for (QProcess* const opener : form1->findChildren<QProcess*>()) {
+        if (opener->state() != QProcess::NotRunning) {
+            opener->waitForFinished();  // the box that follows is open meanwhile
+            return true;
+        }
+    }
+    const auto* const reader = form1->findChild<DirectoryReader*>();
+    if (reader != nullptr && reader->reading()) {
+        QThread::msleep(1);
+        return true;
+    }
+    return false;
 }
 
 void Monkey::check()

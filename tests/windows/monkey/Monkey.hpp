@@ -52,6 +52,7 @@ class Monkey : public QObject {
 
     void next();
     void tick();
+    [[nodiscard]] bool waitsForOthers();
     void check();
     void end(const std::string& broken);
     void act();

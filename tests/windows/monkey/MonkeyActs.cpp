@@ -35,7 +35,9 @@ bool isControl(const QWidget* widget)
     if (area != nullptr && area->viewport() == widget) {
         return isAny<QAbstractItemView, QTextBrowser>(area);
     }
-    return isAny<QAbstractButton, QLineEdit, QComboBox, QAbstractSlider, QTabBar, QMenuBar, SheetPreview,
+    // The button that empties a field fades in and out by the clock: whether it is there is not the seed's.
+    return !widget->inherits("QLineEditIconButton") &&
+           isAny<QAbstractButton, QLineEdit, QComboBox, QAbstractSlider, QTabBar, QMenuBar, SheetPreview,
                  QLabel>(widget);
 }
 

@@ -99,6 +99,11 @@ void Monkey::choosePrinter(QDialog& dialog)
         dialog.reject();
         return;
     }
+    if (dice_.below(8) > 0) {
+        trail_.add("prints nothing");
+        dialog.reject();
+        return;
+    }
     trail_.add("prints into a file");
     const char* const name = dice_.oneIn(6) ? "/manca/foglio.pdf" : dice_.oneIn(2) ? "/uno.pdf" : "/due.pdf";
     file->setText(QString::fromStdString(household_.printouts().string()) + QLatin1String(name));

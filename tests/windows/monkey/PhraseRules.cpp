@@ -62,11 +62,14 @@ std::string PhraseRules::cellsBroken(const DisplayLine& display)
     }
     const bool redrawn = first != offset_ && first != 0;
     offset_ = first;
+    // A blank first cell begins the display anew at the next sign, be the phrase as long as it may: so it is
+    // when the signs' pictures are missing.
+    const bool begunAnew = display.cells()[0].blank() && !codes.empty();
     if (inLine) {
-        // An empty first cell begins the display anew at the next sign, be the phrase as long as it may.
-        excused_ = display.cells()[0].blank() && !codes.empty();
+        excused_ = begunAnew;
         return {};
     }
+    excused_ = excused_ || begunAnew;
     if (!excused_ || redrawn) {
         return "the cells do not show the phrase from FirstVisibleOffset " + std::to_string(first) + " on";
     }

@@ -135,6 +135,7 @@ void MonkeyTest::drivesEveryWindow()
 int main(int argc, char** argv)
 {
     qputenv("QT_HASH_SEED", "0");
+    qputenv("QTEST_FUNCTION_TIMEOUT", "3600000");  // a hang is found by its own watch
     Household household(entriesWithPictures());
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Karvel"));

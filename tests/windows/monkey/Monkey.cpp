@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QThread>
 #include <QTimer>
+#include <utility>
 
 #include "windows/DirectoryReader.hpp"
 #include "windows/ItalianWindow.hpp"
@@ -14,6 +15,8 @@
 namespace karvel::testing {
 
 namespace {
+
+Monkey* listening = nullptr;  // the toolkit's messages carry no object
 
 int loopLevel()
 {
@@ -32,6 +35,23 @@ Monkey::Monkey(std::uint64_t seed, std::uint64_t events, Household& household)
     : dice_(seed), household_(household), trail_(again(seed, events)), wanted_(events)
 {
     qApp->installEventFilter(this);
+    listening = this;
+    qInstallMessageHandler(hear);
+}
+
+Monkey::~Monkey()
+{
+    qInstallMessageHandler(nullptr);
+    listening = nullptr;
+}
+
+/// A platform without a screen says of many things that it lacks them; any other warning tells of a fault.
+void Monkey::hear(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
+{
+    if (type != QtDebugMsg && type != QtInfoMsg &&
+        !message.startsWith(QLatin1String("This plugin does not support"))) {
+        listening->complaint_ = utf8(message);
+    }
 }
 
 /// A window's class, or the name of a box.
@@ -172,7 +192,10 @@ void Monkey::check()
     if (searching_ || (run_->form1() != nullptr && run_->form1()->findChild<italiano*>() != nullptr)) {
         rules_.excuse();
     }
-    std::string what = household_.touched();
+    std::string what = std::exchange(complaint_, {});
+    if (what.empty()) {
+        what = household_.touched();
+    }
     if (what.empty()) {
         what = household_.dictionaryBroken();
     }

@@ -30,6 +30,8 @@ class Monkey : public QObject {
 
     Monkey(std::uint64_t seed, std::uint64_t events, Household& household);
 
+    ~Monkey() override;
+
     /// Runs the program, again each time that it is left, until all events are done or a rule is broken.
     void play();
 
@@ -55,6 +57,7 @@ class Monkey : public QObject {
     [[nodiscard]] bool waitsForOthers();
     void check();
     void end(const std::string& broken);
+    static void hear(QtMsgType type, const QMessageLogContext& context, const QString& message);
     void act();
     void interrupt();
 
@@ -89,6 +92,7 @@ class Monkey : public QObject {
     std::unique_ptr<Run> run_;
     std::string broken_;
     std::vector<int> levels_;  ///< of the event loops in which something is being done
+    std::string complaint_;  ///< of the toolkit, which warns of what it was wrongly asked
     bool searching_ = false;
     bool posted_ = false;
     Counts windows_, actions_, controls_, boxes_;

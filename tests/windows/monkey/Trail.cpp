@@ -11,6 +11,13 @@
 // The sanitizers' last word before they end the program; there is none in a build without them.
 extern "C" void __sanitizer_set_death_callback(void (*callback)()) __attribute__((weak));
 
+// The undefined-behaviour sanitizer would end the program in silence.
+extern "C" const char* __ubsan_default_options();
+extern "C" const char* __ubsan_default_options()
+{
+    return "abort_on_error=1:print_stacktrace=1";
+}
+
 namespace karvel::testing {
 
 namespace {
@@ -82,11 +89,11 @@ void Trail::tell()
     }
 }
 
-/// Five seconds of work, or thirty of waiting on a machine that has much else to do, are a hang.
+/// Five seconds of work, or two minutes of waiting on a machine that has much else to do, are a hang.
 void Trail::watch()
 {
     constexpr double kWork = 5;
-    constexpr int kWait = 30;
+    constexpr int kWait = 120;
     clockid_t clock{};
     if (pthread_getcpuclockid(watched_, &clock) != 0) {
         return;

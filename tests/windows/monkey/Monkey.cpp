@@ -45,11 +45,13 @@ Monkey::~Monkey()
     listening = nullptr;
 }
 
-/// A platform without a screen says of many things that it lacks them; any other warning tells of a fault.
+/// A platform without a screen says of many things that it lacks them, and a file that cannot be printed into is
+/// the user's mistake, of which a box tells him; any other warning tells of a fault.
 void Monkey::hear(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
 {
-    if (type != QtDebugMsg && type != QtInfoMsg &&
-        !message.startsWith(QLatin1String("This plugin does not support"))) {
+    const bool harmless = message.startsWith(QLatin1String("This plugin does not support")) ||
+                          message == QLatin1String("QPainter::begin(): Returned false");
+    if (type != QtDebugMsg && type != QtInfoMsg && !harmless) {
         listening->complaint_ = utf8(message);
     }
 }

@@ -1,14 +1,19 @@
-// Measures what a person waits for in the main window: a page turned, a sign inserted, a letter typed into
-// the sign finder. Each figure is from the call to the painted picture, in milliseconds: median and worst.
+// Measures what a person waits for in the windows: a page turned, a sign inserted, a letter typed into the
+// sign finder, a whole phrase typed and taken back, the list of Italian words. Each figure is from the call
+// to the painted picture, in milliseconds: median and worst.
+#include <QAbstractButton>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
 #include <algorithm>
 #include <cstdio>
+#include <fstream>
 #include <functional>
+#include <iterator>
 #include <vector>
 
+#include "windows/ItalianWindow.hpp"
 #include "windows/Theme.hpp"
 #include "windows/support/Stage.hpp"
 
@@ -24,6 +29,23 @@ double timed(const std::function<void()>& action)
     action();
     QApplication::processEvents();  // paints what the action asked to be painted, once
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+/// A dictionary of so many different translations.
+std::string dictionaryOf(int translations)
+{
+    std::string file;
+    for (int i = 0; i < translations; ++i) {
+        const std::string number = std::to_string(i * 7919 % translations);
+        file += record("a01b" + std::to_string(10 + i % 43), "parola " + number, "w" + number, "nota");
+    }
+    return file;
+}
+
+std::string shippedDictionary()
+{
+    std::ifstream file(KARVEL_SOURCE_DIR "/data/tree/dizio.txt", std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 void report(const char* what, std::vector<double> times)
@@ -72,5 +94,31 @@ int main(int argc, char** argv)
         typed.push_back(timed([&] { field->setText(QLatin1String(text)); }));
     }
     report("lettera in Trova segno", typed);
+    std::vector<double> phrases;
+    for (int i = 0; i < 7; ++i) {
+        stage.session().display().clearAll();
+        emit stage.desktop().changed();
+        QApplication::processEvents();
+        phrases.push_back(timed([&] {
+            for (int sign = 0; sign < 84; ++sign) {
+                stage.control<QAbstractButton>("tasto(5)")->click();
+                QApplication::processEvents();
+            }
+            stage.choose("undo");
+        }));
+    }
+    report("84 segni scritti, poi Undo", phrases);
+    for (const auto& [what, dictionary] :
+         {std::pair("elenco italiano, come installato", shippedDictionary()),
+          std::pair("elenco italiano, 100.000 voci", dictionaryOf(100000))}) {
+        stage.drive().write("C:\\programmi\\Karvel\\dizio.txt", dictionary);
+        std::vector<double> lists;
+        for (int i = 0; i < 7; ++i) {
+            lists.push_back(timed([&] { stage.windows().openItalian(); }));
+            stage.windows().opened<italiano>()->close();
+            QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        report(what, lists);
+    }
     return 0;
 }

@@ -106,13 +106,13 @@ void ItalianSearch::open()
     if (reader_) {
         throw RuntimeError(ErrorNumber::FileAlreadyOpen, "Premere ANNULLA per chiudere la ricerca in corso.");
     }
-    reader_ = std::make_unique<RecordReader>(openDictionary(files_, ui_));
+    reader_ = std::make_shared<RecordReader>(openDictionary(files_, ui_));
 }
 
 /// Keeps the record read last for the other windows.
-void ItalianSearch::remember(ItalianWord::Match match)
+void ItalianSearch::remember(const RecordReader& reader, ItalianWord::Match match)
 {
-    const std::optional<DictionaryEntry> entry = reader_->last();
+    const std::optional<DictionaryEntry> entry = reader.last();
     if (!entry) {
         return;
     }
@@ -127,25 +127,24 @@ void ItalianSearch::remember(ItalianWord::Match match)
 }
 
 /// Moves to the next match; false at the end of the file.
-bool ItalianSearch::next(const ItalianWord& word, ItalianWord::Match match)
+bool ItalianSearch::next(RecordReader& reader, const ItalianWord& word, ItalianWord::Match match)
 {
     const BusyPointer hourglass(ui_);
     bool found = false;
     try {
-        while (!found && reader_->next()) {
-            found = word.matches(reader_->record().translation);
+        while (!found && reader.next()) {
+            found = word.matches(reader.record().translation);
         }
     } catch (...) {
-        remember(match);
+        remember(reader, match);
         throw;
     }
-    remember(match);
+    remember(reader, match);
     return found;
 }
 
-void ItalianSearch::show(ItalianWord::Match match)
+void ItalianSearch::show(DictionaryEntry entry, ItalianWord::Match match)
 {
-    DictionaryEntry entry = reader_->record().decoded();
     if (match == ItalianWord::Match::Whole) {
         last_.foundCodes = entry.signs;
         display_.clearPictures(0, kLastCleared);
@@ -158,33 +157,45 @@ void ItalianSearch::show(ItalianWord::Match match)
     ui_.ask(translationBox(entry));
 }
 
-/// Closes the dictionary unless the user cancelled.
+/// Closes the dictionary, but not when the user cancels a search for a part of the translations. A search that was closed while one of its boxes was open
+/// ends with that box, and leaves alone what has been opened since.
 ItalianSearch::End ItalianSearch::pass(std::string_view word, ItalianWord::Match match)
 {
     open();
+    const std::shared_ptr<RecordReader> reader = reader_;
     const ItalianWord wanted(word, match);
     try {
-        while (next(wanted, match)) {
-            show(match);
+        while (next(*reader, wanted, match)) {
+            show(reader->record().decoded(), match);
             if (ui_.ask({.title = "Ricerca italiano-geroglifico",
                          .text = "Continua la ricerca",
                          .icon = Icon::Exclamation,
-                         .buttons = Buttons::OkCancel}) == Button::Cancel) {
+                         .buttons = Buttons::OkCancel}) == Button::Cancel ||
+                reader_ != reader) {
+                if (match == ItalianWord::Match::Whole) {
+                    closeIf(reader);
+                }
                 return End::Cancelled;
             }
         }
     } catch (...) {
-        close();
+        closeIf(reader);
         throw;
     }
-    close();
+    closeIf(reader);
     return End::EndOfFile;
+}
+
+void ItalianSearch::closeIf(const std::shared_ptr<RecordReader>& reader)
+{
+    if (reader_ == reader) {
+        close();
+    }
 }
 
 void ItalianSearch::search(std::string_view word)
 {
     (void)pass(word, ItalianWord::Match::Whole);
-    close();
 }
 
 void ItalianSearch::searchSpecific()

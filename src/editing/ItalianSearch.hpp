@@ -72,16 +72,17 @@ class ItalianSearch {
     enum class End { Cancelled, EndOfFile };
 
     void open();
-    void remember(ItalianWord::Match match);
-    bool next(const ItalianWord& word, ItalianWord::Match match);
-    void show(ItalianWord::Match match);
+    void remember(const RecordReader& reader, ItalianWord::Match match);
+    bool next(RecordReader& reader, const ItalianWord& word, ItalianWord::Match match);
+    void show(DictionaryEntry entry, ItalianWord::Match match);
+    void closeIf(const std::shared_ptr<RecordReader>& reader);
     End pass(std::string_view word, ItalianWord::Match match);
 
     const FileSystem& files_;
     UserInterface& ui_;
     DisplayLine& display_;
     LastResult& last_;
-    std::unique_ptr<RecordReader> reader_;  ///< while a search is open
+    std::shared_ptr<RecordReader> reader_;  ///< while a search is open
 };
 
 }  // namespace karvel

@@ -216,8 +216,23 @@ void SignSheet::print()
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
-    QPainter painter(&printer);
+    desktop_.handle([&] {
+        const BusyPointer hourglass(desktop_.session().ui());
+        printOn(printer);
+    });
+}
+
+void SignSheet::printOn(QPrinter& printer) const
+{
+    QPainter painter;
+    if (!painter.begin(&printer)) {
+        throw RuntimeError(printer.outputFileName().isEmpty() ? ErrorNumber::DeviceIo
+                                                              : ErrorNumber::PathFileAccess);
+    }
     draw(painter, QRectF(painter.viewport()), 1);
+    if (!painter.end() || printer.printerState() == QPrinter::Error) {
+        throw RuntimeError(ErrorNumber::DeviceIo);
+    }
 }
 
 }  // namespace karvel

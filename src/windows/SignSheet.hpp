@@ -7,6 +7,7 @@
 
 class QGridLayout;
 class QPainter;
+class QPrinter;
 
 namespace karvel {
 
@@ -58,8 +59,12 @@ class SignSheet : public QFrame {
     /// Draws the whole sheet into `page`, as large as its shape allows.
     void draw(QPainter& painter, const QRectF& page, qreal scale) const;
 
-    /// Asks for a printer and prints the sheet on one page.
+    /// Asks for a printer and prints the sheet on one page. A failure is reported in a box.
     void print();
+
+    /// Prints the sheet on one page. Throws RuntimeError 75 when the file that stands for the paper cannot be
+    /// written, 57 when the printer fails.
+    void printOn(QPrinter& printer) const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -187,6 +187,29 @@ TEST_F(ItalianSearching, AnEmptyAnswerMatchesAllAndNoAnswerNothing)
     EXPECT_EQ("C03", session_.last().foundCodes);
 }
 
+/// Answers as the script says, after something else was done while the box was open.
+class MeddledUi : public testing::ScriptedUi {
+  public:
+    Button ask(const MessageBox& box) override
+    {
+        meddle();
+        return ScriptedUi::ask(box);
+    }
+    std::function<void()> meddle;
+};
+
+TEST_F(ItalianSearching, ASearchClosedWhileItsBoxIsOpenEndsWithThatBox)
+{
+    MeddledUi ui;
+    LastResult last;
+    ItalianSearch search(drive_.files(), ui, session_.display(), last);
+    ui.meddle = [&search] { search.close(); };
+    ui.expect(found("casa", "pr", "n1"));  // there is a second one
+    ui.expect(kGoOn, Button::Ok);
+    search.search("casa");
+    search.search("nessuna");
+}
+
 TEST_F(ItalianSearching, ACancelledSpecificSearchStaysOpenUntilItIsClosed)
 {
     cancelASpecificSearch();

@@ -2,6 +2,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
+#include <QPrinter>
+#include <QTemporaryDir>
 
 #include "windows/AlphabetWindow.hpp"
 #include "windows/NumeralsWindow.hpp"
@@ -152,6 +154,27 @@ class TestWordWindows : public QObject {
                 }
                 QVERIFY2(dark > 40, sign->code().c_str());
             }
+        }
+    }
+
+    void aSheetThatCannotBePrintedIsAFailure()
+    {
+        Stage stage;
+        stage.choose("numeri");
+        const auto* const sheet =
+            stage.windows().opened<Numerals>()->findChild<SignSheet*>(QStringLiteral("chart"));
+        const QTemporaryDir directory;
+        QPrinter printer;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(directory.filePath(QStringLiteral("foglio.pdf")));
+        sheet->printOn(printer);
+        QVERIFY(QFileInfo(printer.outputFileName()).size() > 1000);
+        printer.setOutputFileName(directory.filePath(QStringLiteral("manca/foglio.pdf")));
+        try {
+            sheet->printOn(printer);
+            QFAIL("printed into a directory that is not there");
+        } catch (const RuntimeError& error) {
+            QCOMPARE(error.value(), 75);
         }
     }
 

@@ -9,9 +9,9 @@
 
 namespace karvel::cli {
 
-/// Prints what `search` finds in the dictionary at `path`, which is the user's own when empty. `search` is given
-/// the reader and what to call whenever the reader stands at a match. What was found before a fault in the file is
-/// printed before the fault.
+/// Prints what `search` finds in the dictionary at `path`, which is the user's own when empty. `search` is
+/// given the reader and what to call whenever the reader stands at a match. What was found before a fault in
+/// the file is printed before the fault.
 template <typename Search>
 Exit printMatches(const FileSystem& files, const std::string& path, Search search)
 {

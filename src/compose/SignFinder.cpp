@@ -19,7 +19,10 @@ constexpr std::string_view kCommon =
 
 /// Other words under which people look for what a description names.
 constexpr std::pair<std::string_view, std::string_view> kAlsoCalled[] = {
-    {"CIVETTA", "GUFO"}, {"ANKH", "CROCE ANSATA"}, {"CUORE E TRACHEA", "NEFER"}, {"SCIACALLO", "CANE"},
+    {"CIVETTA", "GUFO"},
+    {"ANKH", "CROCE ANSATA"},
+    {"CUORE E TRACHEA", "NEFER"},
+    {"SCIACALLO", "CANE"},
 };
 
 constexpr int kNoMatch = std::numeric_limits<int>::max();

@@ -157,8 +157,9 @@ void ItalianSearch::show(DictionaryEntry entry, ItalianWord::Match match)
     ui_.ask(translationBox(entry));
 }
 
-/// Closes the dictionary, but not when the user cancels a search for a part of the translations. A search that was closed while one of its boxes was open
-/// ends with that box, and leaves alone what has been opened since.
+/// Closes the dictionary, but not when the user cancels a search for a part of the translations. A search
+/// that was closed while one of its boxes was open ends with that box, and leaves alone what has been opened
+/// since.
 ItalianSearch::End ItalianSearch::pass(std::string_view word, ItalianWord::Match match)
 {
     open();

@@ -34,8 +34,8 @@ class SignRow : public QStyledItemDelegate {
             initStyleOption(&row, index);
             const QRect place =
                 row.widget->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &row, row.widget);
-            desktop_.pictures().draw(*painter, desktop_.session().images().path(code),
-                                     QRectF(place).center(), kIcon);
+            desktop_.pictures().draw(*painter, desktop_.session().images().path(code), QRectF(place).center(),
+                                     kIcon);
         }
     }
 

@@ -22,8 +22,8 @@ class FindSign : public QWidget {
     /// The list opens over `stage`, which must outlive the field.
     FindSign(Desktop& desktop, QWidget& stage, QWidget* parent);
 
-    /// Puts the cursor into the field, with `typed` as its text if there is one; Escape brings it back to where
-    /// it was.
+    /// Puts the cursor into the field, with `typed` as its text if there is one; Escape brings it back to
+    /// where it was.
     void start(const QString& typed = {});
 
   signals:

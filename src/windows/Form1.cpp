@@ -193,7 +193,8 @@ void Form1::preparePages()
     std::vector<std::string> pictures;
     for (const int page : pages) {
         for (std::size_t key = 0; key < kKeys; ++key) {
-            pictures.push_back(desktop_.session().images().path(signCode(static_cast<std::size_t>(page), key)));
+            pictures.push_back(
+                desktop_.session().images().path(signCode(static_cast<std::size_t>(page), key)));
         }
     }
     prepared_ = pictures.front();

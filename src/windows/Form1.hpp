@@ -119,7 +119,7 @@ class Form1 : public QMainWindow {
     PageBox* text1_ = nullptr;
     QLabel* pageRange_ = nullptr;
     std::string prepared_;  ///< the first picture of the page whose neighbours are being scaled
-    QTimer pageTurned_;  ///< runs out when the user looks at a page: time to scale the next ones
+    QTimer pageTurned_;     ///< runs out when the user looks at a page: time to scale the next ones
     FindSign* find_ = nullptr;
     std::unique_ptr<Keyboard> keyboard_;
     std::array<QLabel*, 3> panels_{};

@@ -74,8 +74,9 @@ QWidget* Form1::displayLine()
                 [this, &display, i] { desktop_.handle([&display, i] { display.clickCell(i); }); });
     }
     hint_ = label("hint", picture1_);
-    hint_->setText(QStringLiteral("Premete i segni della tavolozza, oppure scrivete un valore (nfr)\n"
-                                  "o una parola (gufo) e premete Invio. Poi premete Cerca."));
+    hint_->setText(
+        QStringLiteral("Premete i segni della tavolozza, oppure scrivete un valore (nfr)\n"
+                       "o una parola (gufo) e premete Invio. Poi premete Cerca."));
     hint_->setAlignment(Qt::AlignCenter);
     hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
     auto* const framed = new QGridLayout(picture1_);

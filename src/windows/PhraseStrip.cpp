@@ -32,8 +32,7 @@ void PhraseStrip::paintEvent(QPaintEvent* /*event*/)
 {
     constexpr int kMargin = 6;
     QPainter painter(this);
-    const QColor surface =
-        paletteFor(colour(desktop_.session().colours().display)).color(QPalette::Window);
+    const QColor surface = paletteFor(colour(desktop_.session().colours().display)).color(QPalette::Window);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(surface);

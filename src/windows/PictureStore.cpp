@@ -66,7 +66,8 @@ QRect inked(const QImage& image)
             while (!visible(*last)) {
                 --last;
             }
-            area |= QRect(QPoint(static_cast<int>(first - line), y), QPoint(static_cast<int>(last - line), y));
+            area |=
+                QRect(QPoint(static_cast<int>(first - line), y), QPoint(static_cast<int>(last - line), y));
         }
     }
     return area.isNull() ? QRect(0, 0, 1, 1) : area;

@@ -66,7 +66,8 @@ void SignMenu::popUp(const std::string& code, const QPoint& at)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const QString caption = qtext(signCaption(code));
     menu->addSection(caption);
-    menu->setMinimumWidth(menu->fontMetrics().horizontalAdvance(caption) + 40);  // a section makes no room for itself
+    menu->setMinimumWidth(menu->fontMetrics().horizontalAdvance(caption) +
+                          40);  // a section makes no room for itself
     QAction* const insert = menu->addAction(QStringLiteral("&Inserisci"));
     QAction* const copy = menu->addAction(QStringLiteral("&Copia"));
     QAction* const usedIn = menu->addAction(QStringLiteral("&Usato in ..."));

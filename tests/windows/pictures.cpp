@@ -75,7 +75,8 @@ class BoxPicture : public QObject {
             frame.moveCenter(picture.rect().center());
             painter.fillRect(frame, kAccent);
             painter.setPen(Qt::white);
-            painter.drawText(frame.adjusted(12, 0, 0, title - frame.height()), Qt::AlignVCenter, box->windowTitle());
+            painter.drawText(frame.adjusted(12, 0, 0, title - frame.height()), Qt::AlignVCenter,
+                             box->windowTitle());
             painter.drawPixmap(frame.topLeft() + QPoint(1, title + 1), shown);
             painter.end();
             picture.save(file_);
@@ -116,10 +117,11 @@ int main(int argc, char** argv)
     QTest::qWait(150);
     {
         const BoxPicture traduzione(stage.form1(), directory + QStringLiteral("/traduzione.png"));
-        stage.expect({.title = "Traduzione",
-                      .text = "1) -  BUONO, BELLO, PERFETTO\n\n2) -  nfr\n\nNote: aggettivo; Wb 2, 253.1-256.15",
-                      .buttons = Buttons::OkCancel},
-                     Button::Cancel);
+        stage.expect(
+            {.title = "Traduzione",
+             .text = "1) -  BUONO, BELLO, PERFETTO\n\n2) -  nfr\n\nNote: aggettivo; Wb 2, 253.1-256.15",
+             .buttons = Buttons::OkCancel},
+            Button::Cancel);
         stage.click("Command12");
     }
     form9::openFromMenu(stage.desktop(), stage.windows());

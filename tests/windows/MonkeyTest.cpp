@@ -120,7 +120,14 @@ void MonkeyTest::drivesEveryWindow()
                 static_cast<unsigned long long>(monkey.events()), monkey.runs(),
                 static_cast<long long>(opened_.size()));
     std::fflush(stdout);
-    const std::string broken = monkey.broken().empty() ? household_.brokenAtTheEnd() : monkey.broken();
+    std::string broken = monkey.broken();
+    try {
+        broken = broken.empty() ? household_.brokenAtTheEnd() : broken;
+    } catch (const RuntimeError& error) {
+        broken = "the files cannot be looked at: " + std::string(error.text());
+    } catch (const std::exception& error) {
+        broken = std::string("the files cannot be looked at: ") + error.what();
+    }
     if (!broken.empty()) {
         monkey.tell();
     }

@@ -30,6 +30,9 @@ std::set<std::string> windowClasses()
     std::set<std::string> found;
     const QRegularExpression declared(QStringLiteral("class (\\w+) : public Q(Dialog|MainWindow)\\b"));
     for (const auto& file : std::filesystem::directory_iterator(KARVEL_SOURCE_DIR "/src/windows")) {
+        if (file.path().extension() != ".hpp") {
+            continue;
+        }
         std::ifstream source(file.path());
         const auto text = QString::fromStdString({std::istreambuf_iterator<char>(source), {}});
         for (auto at = declared.globalMatch(text); at.hasNext();) {

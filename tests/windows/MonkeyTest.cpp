@@ -30,6 +30,9 @@ std::set<std::string> windowClasses()
     std::set<std::string> found;
     const QRegularExpression declared(QStringLiteral("class (\\w+) : public Q(Dialog|MainWindow)\\b"));
     for (const auto& file : std::filesystem::directory_iterator(KARVEL_SOURCE_DIR "/src/windows")) {
+        if (file.path().extension() != ".hpp") {
+            continue;
+        }
         std::ifstream source(file.path());
         const auto text = QString::fromStdString({std::istreambuf_iterator<char>(source), {}});
         for (auto at = declared.globalMatch(text); at.hasNext();) {
@@ -120,7 +123,14 @@ void MonkeyTest::drivesEveryWindow()
                 static_cast<unsigned long long>(monkey.events()), monkey.runs(),
                 static_cast<long long>(opened_.size()));
     std::fflush(stdout);
-    const std::string broken = monkey.broken().empty() ? household_.brokenAtTheEnd() : monkey.broken();
+    std::string broken = monkey.broken();
+    try {
+        broken = broken.empty() ? household_.brokenAtTheEnd() : broken;
+    } catch (const RuntimeError& error) {
+        broken = "the files cannot be looked at: " + std::string(error.text());
+    } catch (const std::exception& error) {
+        broken = std::string("the files cannot be looked at: ") + error.what();
+    }
     if (!broken.empty()) {
         monkey.tell();
     }

@@ -65,8 +65,12 @@ std::string PhraseRules::cellsBroken(const DisplayLine& display)
     // A blank first cell begins the display anew at the next sign, be the phrase as long as it may: so it is
     // when the signs' pictures are missing.
     const bool begunAnew = display.cells()[0].blank() && !codes.empty();
+    // A splitting takes words from the phrase and leaves the count of the cells: the next sign goes into the
+    // cell that the count names.
+    const bool counted =
+        display.DisplayCount() >= DisplayLine::kCells || display.DisplayCount() == display.signs();
     if (inLine) {
-        excused_ = begunAnew;
+        excused_ = begunAnew || !counted;
         return {};
     }
     excused_ = excused_ || begunAnew;

@@ -5,9 +5,17 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
+#include <memory>
+#include <utility>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 #include "Version.hpp"
 #include "app/StartUp.hpp"
+#include "base/SignCode.hpp"
+#include "compose/SignImages.hpp"
 #include "windows/Desktop.hpp"
 #include "windows/Form1.hpp"
 #include "windows/PictureStore.hpp"
@@ -34,6 +42,16 @@ void speakItalian(QTranslator& translator)
     }
 }
 
+/// What start-up will ask for, unless the user keeps the signs elsewhere.
+std::vector<std::string> firstPage()
+{
+    std::vector<std::string> pictures;
+    for (std::size_t key = 0; key < kKeys; ++key) {
+        pictures.push_back(SignImages().path(signCode(1, key)));
+    }
+    return pictures;
+}
+
 bool startUp(Session& session)
 {
     try {
@@ -53,7 +71,13 @@ int runApplication(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "windows:darkmode=2");  // boxes, guide and title bars follow a dark system
     }
 #endif
+#ifdef __GLIBC__
+    mallopt(M_MMAP_THRESHOLD, 64 * 1024);  // what a decoded image took goes back to the system with it
+#endif
     QApplication application(argc, argv);
+    const Drives drives = Drives::ofUser();
+    PictureStore pictures(drives);
+    pictures.use(std::make_unique<ImagesAhead>(drives, firstPage()));
     QApplication::setApplicationName(QStringLiteral("Karvel"));
     QApplication::setApplicationVersion(QLatin1String(kVersion));
     QApplication::setDesktopFileName(QStringLiteral("karvel"));
@@ -66,13 +90,10 @@ int runApplication(int argc, char** argv)
         icon.addFile(QStringLiteral(":/icon/karvel-%1.png").arg(QLatin1String(size)));
     }
     QApplication::setWindowIcon(icon);
-    QTranslator translator;
-    speakItalian(translator);
-
-    const Drives drives = Drives::ofUser();
-    PictureStore pictures(drives);
     Prompt prompt;
     WindowSet windows;
+    QTranslator translator;
+    speakItalian(translator);
     Session session(FileSystem(drives), pictures, prompt, windows);
     Desktop desktop(session, pictures);
     if (!startUp(session)) {

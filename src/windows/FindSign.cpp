@@ -1,5 +1,6 @@
 #include "windows/FindSign.hpp"
 
+#include <QAction>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -11,6 +12,7 @@
 
 #include "compose/SignFinder.hpp"
 #include "windows/Desktop.hpp"
+#include "windows/Icons.hpp"
 #include "windows/Text.hpp"
 
 namespace karvel {
@@ -66,7 +68,15 @@ FindSign::FindSign(Desktop& desktop, QWidget& stage, QWidget* parent)
     field_->setToolTip(
         QStringLiteral("numero di Gardiner, codice, valore fonetico o parola della descrizione; "
                        "Invio inserisce, Spazio passa al segno seguente; Invio a campo vuoto cerca"));
-    field_->setClearButtonEnabled(true);
+    auto* const clear = field_->addAction(symbolIcon(Symbol::Cross, palette().color(QPalette::Text)),
+                                          QLineEdit::TrailingPosition);
+    clear->setObjectName(QStringLiteral("clearFind"));
+    clear->setText(QStringLiteral("svuota"));
+    clear->setToolTip(QStringLiteral("svuota il campo"));
+    clear->setVisible(false);
+    connect(clear, &QAction::triggered, field_, &QLineEdit::clear);
+    connect(field_, &QLineEdit::textChanged, clear,
+            [clear](const QString& text) { clear->setVisible(!text.isEmpty()); });
     field_->setMinimumWidth(210);
     field_->installEventFilter(this);
     list_->setObjectName(QStringLiteral("foundSigns"));

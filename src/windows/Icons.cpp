@@ -1,8 +1,10 @@
 #include "windows/Icons.hpp"
 
+#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
+#include <algorithm>
 
 namespace karvel {
 
@@ -132,29 +134,47 @@ void draw(QPainter& painter, Symbol symbol, const QColor& ink)
     }
 }
 
-QPixmap drawn(Symbol symbol, const QColor& ink, int pixels)
-{
-    QPixmap pixmap(pixels, pixels);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(pixels / kField, pixels / kField);
-    draw(painter, symbol, ink);
-    return pixmap;
-}
+/// Draws its symbol at the size and for the screen that it is shown on, and not before.
+class SymbolEngine : public QIconEngine {
+  public:
+    SymbolEngine(Symbol symbol, const QColor& ink) : symbol_(symbol), ink_(ink) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override
+    {
+        QColor ink = ink_;
+        if (mode == QIcon::Disabled) {
+            ink.setAlpha(90);
+        }
+        const qreal side = std::min(rect.width(), rect.height());
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(QRectF(rect).center() - QPointF(side, side) / 2);
+        painter->scale(side / kField, side / kField);
+        draw(*painter, symbol_, ink);
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, pixmap.rect(), mode, state);
+        return pixmap;
+    }
+
+    [[nodiscard]] QIconEngine* clone() const override { return new SymbolEngine(symbol_, ink_); }
+
+  private:
+    Symbol symbol_;
+    QColor ink_;
+};
 
 }  // namespace
 
 QIcon symbolIcon(Symbol symbol, const QColor& ink)
 {
-    QIcon icon;
-    for (const int pixels : {16, 20, 24, 32, 40, 48, 64, 96}) {
-        icon.addPixmap(drawn(symbol, ink, pixels));
-        QColor faint = ink;
-        faint.setAlpha(90);
-        icon.addPixmap(drawn(symbol, faint, pixels), QIcon::Disabled);
-    }
-    return icon;
+    return QIcon(new SymbolEngine(symbol, ink));
 }
 
 }  // namespace karvel

@@ -1,12 +1,10 @@
 #include "windows/PictureStore.hpp"
 
-#include <QFile>
-#include <QImageReader>
 #include <QPainter>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
-#include "base/RuntimeError.hpp"
 #include "base/SignCode.hpp"
 #include "windows/Text.hpp"
 
@@ -14,10 +12,10 @@ namespace karvel {
 
 namespace {
 
-constexpr qsizetype kDecodedKilobytes = 3 * 1024;  // what the display line shows, and some more
+constexpr qsizetype kPageKilobytes = 8 * 1024;     // decoded: a page, until it has been scaled
+constexpr qsizetype kDecodedKilobytes = 2 * 1024;  // afterwards: what the display line shows
 constexpr qsizetype kScaledKilobytes = 8 * 1024;   // every page at the size of a usual screen
 constexpr qsizetype kMostKilobytes = 40 * 1024;
-constexpr int kLargestSide = 8192;  // pixels; a picture beyond that is a mistake, and would eat the memory
 
 qsizetype kilobytes(qsizetype bytes)
 {
@@ -28,28 +26,6 @@ qsizetype kilobytes(qsizetype bytes)
 qsizetype expectedBytes(int pixels)
 {
     return qsizetype(4) * pixels * pixels * 6 / 10;
-}
-
-/// Reads the file at `systemPath`; null when that is no image. Any thread may call it.
-QImage decode(const Drives& drives, const std::string& systemPath)
-{
-    QString host;
-    try {
-        host = qtext(utf8Path(drives.toHost(systemPath)));
-    } catch (const RuntimeError&) {
-        return {};
-    }
-    QFile file(host);
-    // Sequential devices would be waited for.
-    if (!file.open(QIODevice::ReadOnly) || file.isSequential()) {
-        return {};
-    }
-    QImageReader reader(&file);
-    const QSize size = reader.size();
-    if (std::max(size.width(), size.height()) > kLargestSide) {
-        return {};
-    }
-    return reader.read();
 }
 
 /// The part of `image` that is not wholly transparent.
@@ -82,7 +58,7 @@ struct PictureStore::Cropped {
 };
 
 PictureStore::PictureStore(Drives drives)
-    : drives_(std::move(drives)), images_(kDecodedKilobytes), scaled_(kScaledKilobytes)
+    : drives_(std::move(drives)), images_(kPageKilobytes), scaled_(kScaledKilobytes)
 {
     background_.setMaxThreadCount(1);
     background_.setThreadPriority(QThread::LowPriority);
@@ -101,8 +77,7 @@ QString PictureStore::key(const std::string& systemPath, int pixels)
 
 PictureStore::Cropped PictureStore::scale(const QImage& original, int pixels)
 {
-    const QImage scaled = original.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-                              .scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const QImage scaled = original.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     const QRect area = inked(scaled);
     return {.image = scaled.copy(area), .corner = area.topLeft(), .whole = scaled.size()};
 }
@@ -113,7 +88,11 @@ QImage PictureStore::image(const std::string& systemPath)
     if (const QImage* const known = images_.object(name)) {
         return *known;
     }
-    QImage image = decode(drives_, systemPath);
+    std::optional<QImage> ready;
+    if (ahead_) {
+        ready = ahead_->take(systemPath);
+    }
+    QImage image = ready ? *ready : decodedImage(drives_, systemPath);
     if (!image.isNull()) {
         good_.insert(systemPath);
         images_.insert(name, new QImage(image), kilobytes(image.sizeInBytes()));
@@ -192,6 +171,8 @@ void PictureStore::prepare(const std::vector<std::string>& systemPaths, int side
         return;
     }
     makeRoomFor(pixels);
+    images_.setMaxCost(kDecodedKilobytes);
+    ahead_.reset();
     qsizetype room = scaled_.maxCost() * 9 / 10;
     std::vector<std::string> wanted;
     for (const std::string& path : systemPaths) {
@@ -210,7 +191,7 @@ void PictureStore::prepare(const std::vector<std::string>& systemPaths, int side
             if (round_ != round) {
                 return;
             }
-            const QImage original = decode(drives_, path);
+            const QImage original = decodedImage(drives_, path);
             if (original.isNull()) {
                 continue;
             }

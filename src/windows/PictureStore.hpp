@@ -7,12 +7,15 @@
 #include <QString>
 #include <QThreadPool>
 #include <atomic>
+#include <memory>
 #include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "base/Drives.hpp"
 #include "base/Pictures.hpp"
+#include "windows/ImagesAhead.hpp"
 
 class QPainter;
 
@@ -25,6 +28,9 @@ class PictureStore : public Pictures {
     ~PictureStore() override;
     PictureStore(const PictureStore&) = delete;
     PictureStore& operator=(const PictureStore&) = delete;
+
+    /// Takes what these have decoded, instead of decoding it.
+    void use(std::unique_ptr<ImagesAhead> ahead) { ahead_ = std::move(ahead); }
 
     /// Decodes an image once; a sign that was good stays good, whatever happens to its file.
     bool canLoad(const std::string& systemPath) override;
@@ -66,7 +72,8 @@ class PictureStore : public Pictures {
     QCache<QString, QImage> images_;
     QCache<QString, Scaled> scaled_;
     std::unordered_set<std::string> good_;
-    std::atomic<unsigned> round_ = 0;  ///< of preparing; an older one gives up
+    std::unique_ptr<ImagesAhead> ahead_;  ///< none once the first window stands
+    std::atomic<unsigned> round_ = 0;     ///< of preparing; an older one gives up
     QObject receiver_;  ///< results of the background arrive through it, on the thread of the windows
     QThreadPool background_;
 };

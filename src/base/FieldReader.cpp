@@ -274,9 +274,11 @@ void FieldReader::endOfQuotedField()
 FieldReader::Slice FieldReader::bareField()
 {
     Slice slice{at_ - keep_, 0};
-    while (have() && !endsField(buffer_[at_])) {
-        ++at_;
-    }
+    do {
+        const char* const from = buffer_.get() + at_;
+        const char* const end = buffer_.get() + end_;
+        at_ += static_cast<std::size_t>(std::find_if(from, end, endsField) - from);
+    } while (at_ == end_ && more());
     slice.length = at_ - keep_ - slice.begin;
     while (slice.length > 0 && buffer_[keep_ + slice.begin + slice.length - 1] == ' ') {
         --slice.length;

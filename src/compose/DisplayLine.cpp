@@ -108,7 +108,8 @@ void DisplayLine::showFound(std::string_view codes)
 
 bool DisplayLine::refuseAtLimit()
 {
-    if (signs() < kLimit) {
+    // A piece shorter than a sign, from a favourite with a short path, takes room as well.
+    if (codes_.size() + kCodeLength <= kLimit * kCodeLength) {
         return false;
     }
     ui_.ask(limitBox());

@@ -110,7 +110,7 @@ SignFinder::SignFinder(const SignRepertoire& repertoire)
         }
         std::string description = folded(sign.description);
         for (const auto& [name, other] : kAlsoCalled) {
-            if (placeOf(name, description) == 0) {
+            if (description.starts_with(name)) {
                 description.append(" ").append(other);
             }
         }

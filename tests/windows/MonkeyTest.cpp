@@ -8,6 +8,7 @@
 #include <iterator>
 #include <set>
 
+#include "base/SignCode.hpp"
 #include "windows/Resources.hpp"
 #include "windows/Theme.hpp"
 #include "windows/monkey/Monkey.hpp"
@@ -50,13 +51,15 @@ void print(const char* what, const Monkey::Counts& counts)
     }
 }
 
-/// Entries that show a picture, one for each of the first signs: few are met by chance among thousands.
+/// Entries that show a picture, one for each sign: few are met by chance among thousands.
 std::string entriesWithPictures()
 {
     std::string entries;
-    for (int sign = 1; sign <= 53; ++sign) {
-        const std::string code = (sign < 10 ? "a0" : "a") + std::to_string(sign);
-        entries += record(code, "immagine", "", sign % 3 == 0 ? "*manca.gif" : "*GR\\a01.gif");
+    for (std::size_t page = 1; page <= kPages; ++page) {
+        for (std::size_t key = 0; key < kKeys; ++key) {
+            entries +=
+                record(signCode(page, key), "immagine", "", key % 3 == 0 ? "*manca.gif" : "*GR\\a01.gif");
+        }
     }
     return entries;
 }

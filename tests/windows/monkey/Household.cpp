@@ -45,7 +45,8 @@ Household::Household(const std::string& extra)
     : base_(drive_.directory().parent_path()), dictionary_(drive_.host(kDictionary))
 {
     installTree(fs::path(KARVEL_SOURCE_DIR) / "data" / "tree", drive_.files().drives());
-    std::ofstream(dictionary_, std::ios::binary | std::ios::app) << extra;
+    const std::string shipped = drive_.read(kDictionary);
+    drive_.write(kDictionary, extra + shipped);
     for (const char* const directory :
          {"home", "config", "cache", "data", "run", "tmp", "bin", "stampe", "drive_x/foto"}) {
         fs::create_directories(base_ / directory);

@@ -45,8 +45,8 @@ Monkey::~Monkey()
     listening = nullptr;
 }
 
-/// A platform without a screen says of many things that it lacks them, and a file that cannot be printed into is
-/// the user's mistake, of which a box tells him; any other warning tells of a fault.
+/// A platform without a screen says of many things that it lacks them, and a file that cannot be printed into
+/// is the user's mistake, of which a box tells him; any other warning tells of a fault.
 void Monkey::hear(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
 {
     const bool harmless = message.startsWith(QLatin1String("This plugin does not support")) ||

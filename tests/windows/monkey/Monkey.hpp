@@ -59,6 +59,7 @@ class Monkey : public QObject {
     void end(const std::string& broken);
     static void hear(QtMsgType type, const QMessageLogContext& context, const QString& message);
     void act();
+    bool followsPurpose();
     void interrupt();
 
     [[nodiscard]] static QString callOf(const QWidget& widget);
@@ -91,8 +92,9 @@ class Monkey : public QObject {
     std::uint64_t wanted_;
     std::unique_ptr<Run> run_;
     std::string broken_;
-    std::vector<int> levels_;  ///< of the event loops in which something is being done
-    std::string complaint_;  ///< of the toolkit, which warns of what it was wrongly asked
+    std::vector<int> levels_;       ///< of the event loops in which something is being done
+    std::string complaint_;         ///< of the toolkit, which warns of what it was wrongly asked
+    std::vector<QString> purpose_;  ///< what is to be pressed next, the last one first
     bool searching_ = false;
     bool posted_ = false;
     Counts windows_, actions_, controls_, boxes_;

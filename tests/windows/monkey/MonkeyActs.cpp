@@ -101,6 +101,32 @@ QPoint Monkey::pointIn(const QWidget& widget)
     return {dice_.below(widget.width()), dice_.below(widget.height())};
 }
 
+/// Now and then a single sign is searched for, as people do and chance hardly ever does.
+bool Monkey::followsPurpose()
+{
+    const Form1* const form1 = run_->form1();
+    if (form1 == nullptr || !form1->isVisible()) {
+        purpose_.clear();
+        return false;
+    }
+    if (purpose_.empty()) {
+        if (!dice_.oneIn(300)) {
+            return false;
+        }
+        purpose_ = {QStringLiteral("Command12"), element("tasto", static_cast<std::size_t>(dice_.below(53))),
+                    QStringLiteral("Command8"), QStringLiteral("Cerca")};
+    }
+    const QString name = purpose_.back();
+    purpose_.pop_back();
+    trail_.add("wants " + utf8(name));
+    if (auto* const action = form1->findChild<QAction*>(name)) {
+        action->trigger();
+    } else if (auto* const control = form1->findChild<QWidget*>(name); control->isEnabled()) {
+        hands_.click(*control, control->rect().center(), Qt::LeftButton, false);
+    }
+    return true;
+}
+
 void Monkey::act()
 {
     if (QWidget* const popup = QApplication::activePopupWidget(); popup != nullptr && dice_.below(5) > 0) {
@@ -108,6 +134,9 @@ void Monkey::act()
         return;
     }
     if (QWidget* const modal = QApplication::activeModalWidget(); modal != nullptr && answer(*modal)) {
+        return;
+    }
+    if (followsPurpose()) {
         return;
     }
     const Widgets windows = reachable();

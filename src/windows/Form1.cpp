@@ -56,13 +56,14 @@ void Form1::closeEvent(QCloseEvent* event)
 }
 
 /// The system has changed its theme: its contrast may go before the user's colours now, or no longer.
-void Form1::changeEvent(QEvent* event)
+bool Form1::event(QEvent* event)
 {
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange && command12_ != nullptr) {
+    const bool known = QMainWindow::event(event);
+    if (event->type() == QEvent::ApplicationPaletteChange && keyboard_) {
         shownWindow_ = 0;
         emit desktop_.changed();
     }
+    return known;
 }
 
 void Form1::leave()

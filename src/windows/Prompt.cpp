@@ -5,6 +5,7 @@
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <algorithm>
 
@@ -69,6 +70,29 @@ void addButtons(QMessageBox& shown, Buttons buttons)
     }
 }
 
+/// What closing a box without an answer means.
+Button refusalOf(Buttons buttons)
+{
+    switch (buttons) {
+        case Buttons::OkCancel:
+            return Button::Cancel;
+        case Buttons::YesNo:
+            return Button::No;
+        default:
+            return Button::Ok;
+    }
+}
+
+/// The window that a box belongs to: not the list of a field, which comes and goes.
+QWidget* owner()
+{
+    QWidget* window = QApplication::activeWindow();
+    while (window != nullptr && window->windowType() == Qt::Popup) {
+        window = window->parentWidget() != nullptr ? window->parentWidget()->window() : nullptr;
+    }
+    return window;
+}
+
 Button answerOf(int pressed)
 {
     switch (pressed) {
@@ -89,7 +113,9 @@ Button Prompt::ask(const MessageBox& box)
 {
     endProgress();
     emit aboutToAsk();
-    QMessageBox shown(QApplication::activeWindow());
+    // Not on the stack: a window that is closed while its box is open takes the box with it.
+    const QPointer<QMessageBox> made = new QMessageBox(owner());
+    QMessageBox& shown = *made;
     shown.setObjectName(QStringLiteral("MessageBox"));
     shown.setWindowTitle(qtext(box.title));
     shown.setTextFormat(Qt::PlainText);  // an entry may hold anything, also what looks like markup
@@ -115,7 +141,9 @@ Button Prompt::ask(const MessageBox& box)
     while (busy_ > 0) {
         setBusy(false);
     }
-    const Button answer = answerOf(shown.exec());
+    const int pressed = shown.exec();
+    const Button answer = made ? answerOf(pressed) : refusalOf(box.buttons);
+    delete made;
     while (busy_ < busy) {
         setBusy(true);
     }
@@ -125,7 +153,8 @@ Button Prompt::ask(const MessageBox& box)
 std::optional<std::string> Prompt::input(const std::string& title, const std::string& prompt)
 {
     emit aboutToAsk();
-    QInputDialog dialog(QApplication::activeWindow());
+    const QPointer<QInputDialog> made = new QInputDialog(owner());
+    QInputDialog& dialog = *made;
     dialog.setObjectName(QStringLiteral("InputBox"));
     dialog.setInputMode(QInputDialog::TextInput);
     dialog.setWindowTitle(qtext(title));
@@ -133,10 +162,12 @@ std::optional<std::string> Prompt::input(const std::string& title, const std::st
     dialog.setOkButtonText(QStringLiteral("OK"));
     dialog.setCancelButtonText(QStringLiteral("Annulla"));
     dialog.resize(kNarrowest, dialog.sizeHint().height());
-    if (dialog.exec() != QDialog::Accepted) {
-        return std::nullopt;
+    std::optional<std::string> typed;
+    if (dialog.exec() == QDialog::Accepted && made) {
+        typed = utf8(made->textValue());
     }
-    return utf8(dialog.textValue());
+    delete made;
+    return typed;
 }
 
 void Prompt::beep()

@@ -30,7 +30,8 @@ void layOut(QTextDocument& document, qreal width)
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         QTextCursor cursor(block);
         QTextBlockFormat format = block.blockFormat();
-        format.setLineHeight(kLineHeight, QTextBlockFormat::ProportionalHeight);
+        const bool picture = block.text().contains(QChar::ObjectReplacementCharacter);
+        format.setLineHeight(picture ? 100 : kLineHeight, QTextBlockFormat::ProportionalHeight);
         format.setTopMargin(format.headingLevel() > 0 ? 18 : 4);
         cursor.setBlockFormat(format);
         for (auto part = block.begin(); !part.atEnd(); ++part) {

@@ -1,7 +1,9 @@
 #include "editing/DictionaryInsertion.hpp"
 
 #include <algorithm>
+#include <chrono>
 #include <initializer_list>
+#include <thread>
 #include <utility>
 
 #include "base/CodePage.hpp"
@@ -87,8 +89,25 @@ bool DictionaryInsertion::refuses(std::string_view codes, const Texts& texts)
     return !mayOpen(codes);
 }
 
-/// Whether some record has just these signs.
+/// Whether some record has just these signs. Another program may be adding an entry, of which only the
+/// beginning has reached the file: such a file is read again.
 bool DictionaryInsertion::known(std::string_view codes)
+{
+    constexpr int kAttempts = 4;
+    constexpr std::chrono::milliseconds kPause(10);
+    for (int attempt = 1;; ++attempt) {
+        try {
+            return lookThrough(codes);
+        } catch (const RuntimeError& error) {
+            if (error.number() != ErrorNumber::InputPastEnd || attempt == kAttempts) {
+                throw;
+            }
+        }
+        std::this_thread::sleep_for(kPause);
+    }
+}
+
+bool DictionaryInsertion::lookThrough(std::string_view codes)
 {
     const BusyPointer hourglass(ui_);
     RecordReader reader(openDictionary(files_, ui_));

@@ -44,6 +44,7 @@ class DictionaryInsertion {
   private:
     bool refuses(std::string_view codes, const Texts& texts);
     bool known(std::string_view codes);
+    bool lookThrough(std::string_view codes);
 
     const FileSystem& files_;
     UserInterface& ui_;

@@ -104,8 +104,9 @@ SignFinder::SignFinder(const SignRepertoire& repertoire)
 {
     entries_.reserve(repertoire.signs().size());
     for (const SignInfo& sign : repertoire.signs()) {
+        std::vector<std::string_view> values = parts(sign.values, '/');
         std::vector<std::string> upperValues;
-        for (const std::string_view value : parts(sign.values, '/')) {
+        for (const std::string_view value : values) {
             upperValues.push_back(upperCase(value));
         }
         std::string description = folded(sign.description);
@@ -114,7 +115,7 @@ SignFinder::SignFinder(const SignRepertoire& repertoire)
                 description.append(" ").append(other);
             }
         }
-        entries_.push_back({&sign, upperCase(sign.gardiner), parts(sign.values, '/'), std::move(upperValues),
+        entries_.push_back({&sign, upperCase(sign.gardiner), std::move(values), std::move(upperValues),
                             std::move(description)});
     }
 }

@@ -47,14 +47,9 @@ void PhraseStrip::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(inkOn(surface));
     int left = kMargin;
     for (const std::string_view code : pieces) {
-        const QPixmap picture =
-            desktop_.pictures().scaled(desktop_.session().images().path(code), side, devicePixelRatioF());
-        if (picture.isNull()) {
+        const QPointF centre(left + side / 2.0, height() / 2.0);
+        if (!desktop_.pictures().draw(painter, desktop_.session().images().path(code), centre, side)) {
             painter.drawText(QRect(left, 0, side, height()), Qt::AlignCenter, qtext(code));
-        } else {
-            const QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatio();
-            painter.drawPixmap(QPointF(left + (side - size.width()) / 2, (height() - size.height()) / 2),
-                               picture);
         }
         left += step;
     }

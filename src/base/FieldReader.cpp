@@ -37,12 +37,17 @@ std::size_t windowFor(const ByteSource& source, std::size_t wanted)
 
 std::size_t TextSource::read(std::span<char> buffer)
 {
-    const std::size_t count = std::min(buffer.size(), text_.size() - at_);
-    if (count > 0) {  // an empty text may have no address at all
-        std::memcpy(buffer.data(), text_.data() + at_, count);
-    }
+    const std::size_t count = readAt(at_, buffer);
     at_ += count;
     return count;
+}
+
+std::size_t TextSource::readAt(std::uint64_t offset, std::span<char> buffer) const
+{
+    if (offset >= text_.size()) {
+        return 0;
+    }
+    return text_.copy(buffer.data(), buffer.size(), static_cast<std::size_t>(offset));
 }
 
 WatchedSource::WatchedSource(std::unique_ptr<ByteSource> source, Watcher watcher)
@@ -50,18 +55,33 @@ WatchedSource::WatchedSource(std::unique_ptr<ByteSource> source, Watcher watcher
 {
 }
 
-std::size_t WatchedSource::read(std::span<char> buffer)
+void WatchedSource::tell()
 {
     if (!watcher_(done_, source_->size())) {
         throw ReadingStopped();
     }
+}
+
+void WatchedSource::moveTo(std::uint64_t offset)
+{
+    tell();
+    source_->moveTo(offset);
+    done_ = offset;
+}
+
+std::size_t WatchedSource::read(std::span<char> buffer)
+{
+    tell();
     const std::size_t count = source_->read(buffer);
     done_ += count;
     return count;
 }
 
 FieldReader::FieldReader(ByteSource& source, std::size_t window)
-    : source_(source), capacity_(windowFor(source, window)), buffer_(new char[capacity_ + kScanPadding]())
+    : source_(source),
+      capacity_(windowFor(source, window)),
+      buffer_(new char[capacity_ + kScanPadding]()),
+      portion_(capacity_)
 {
 }
 
@@ -85,7 +105,8 @@ bool FieldReader::more()
         buffer_ = std::move(wider);
         capacity_ *= 2;
     }
-    const std::size_t count = source_.read({buffer_.get() + end_, capacity_ - end_});
+    const std::size_t count = source_.read({buffer_.get() + end_, std::min(portion_, capacity_ - end_)});
+    portion_ = std::min(2 * portion_, capacity_);
     end_ += count;
     return count > 0;
 }
@@ -94,6 +115,17 @@ bool FieldReader::atEnd()
 {
     keep_ = at_;
     return emptyLines_ == 0 && !have();
+}
+
+void FieldReader::moveTo(std::uint64_t position)
+{
+    constexpr std::size_t kPortion = 4 * 1024;
+    source_.moveTo(position);
+    discarded_ = position;
+    keep_ = at_ = end_ = 0;
+    ends_.at = kNowhere;
+    emptyLines_ = 0;
+    portion_ = std::min(kPortion, capacity_);
 }
 
 void FieldReader::lineEndAfterCr()

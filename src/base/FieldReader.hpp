@@ -25,6 +25,16 @@ class ByteSource {
 
     /// The size in bytes as far as it is known, else 0.
     [[nodiscard]] virtual std::uint64_t size() const = 0;
+
+    /// Whether the two functions below may be called.
+    [[nodiscard]] virtual bool anywhere() const { return false; }
+
+    /// Like `read`, but from `offset` bytes behind the start, and `read` goes on where it was. Several
+    /// threads may call it at once.
+    virtual std::size_t readAt(std::uint64_t /*offset*/, std::span<char> /*buffer*/) const { return 0; }
+
+    /// Lets `read` go on `offset` bytes behind the start.
+    virtual void moveTo(std::uint64_t /*offset*/) {}
 };
 
 /// A text in memory; it must outlive the source.
@@ -33,6 +43,9 @@ class TextSource : public ByteSource {
     explicit TextSource(std::string_view text) : text_(text) {}
     std::size_t read(std::span<char> buffer) override;
     [[nodiscard]] std::uint64_t size() const override { return text_.size(); }
+    [[nodiscard]] bool anywhere() const override { return true; }
+    std::size_t readAt(std::uint64_t offset, std::span<char> buffer) const override;
+    void moveTo(std::uint64_t offset) override { at_ = static_cast<std::size_t>(offset); }
 
   private:
     std::string_view text_;
@@ -47,11 +60,19 @@ class WatchedSource : public ByteSource {
 
     WatchedSource(std::unique_ptr<ByteSource> source, Watcher watcher);
 
-    /// Throws ReadingStopped when the watcher says so.
+    /// Throws ReadingStopped when the watcher says so; so does `moveTo`.
     std::size_t read(std::span<char> buffer) override;
     [[nodiscard]] std::uint64_t size() const override { return source_->size(); }
+    [[nodiscard]] bool anywhere() const override { return source_->anywhere(); }
+    std::size_t readAt(std::uint64_t offset, std::span<char> buffer) const override
+    {
+        return source_->readAt(offset, buffer);
+    }
+    void moveTo(std::uint64_t offset) override;
 
   private:
+    void tell();
+
     std::unique_ptr<ByteSource> source_;
     Watcher watcher_;
     std::uint64_t done_ = 0;
@@ -92,6 +113,13 @@ class FieldReader {
     /// before one that has it, before the window's end or before any other form is never skipped. False when
     /// nothing was.
     bool skipRecordsWithout(std::string_view text);
+
+    /// Whether what is read next begins at `position`.
+    [[nodiscard]] bool atField() const { return emptyLines_ == 0; }
+
+    /// Goes on at the field that begins `position` bytes from the start of a source that allows it. Views
+    /// handed out before are lost. When the source throws, everything is as it was.
+    void moveTo(std::uint64_t position);
 
     /// Skips blanks and line ends when nothing else follows; true when the end was reached so.
     /// Otherwise nothing is lost: the empty lines skipped are still read as empty fields.
@@ -142,6 +170,7 @@ class FieldReader {
     ByteSource& source_;
     std::size_t capacity_;
     std::unique_ptr<char[]> buffer_;
+    std::size_t portion_;   ///< bytes to ask the source for; what is far away is not read at once
     std::size_t keep_ = 0;  ///< bytes before this one are no longer needed
     std::size_t at_ = 0;
     std::size_t end_ = 0;

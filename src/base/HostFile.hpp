@@ -26,11 +26,26 @@ class HostFile : public ByteSource {
     HostFile(const HostFile&) = delete;
     HostFile& operator=(const HostFile&) = delete;
 
-    std::size_t read(std::span<char> buffer) override;
+    std::size_t read(std::span<char> buffer) override
+    {
+        const std::size_t count = readAt(offset_, buffer);
+        offset_ += count;
+        return count;
+    }
     [[nodiscard]] std::uint64_t size() const override;
+    [[nodiscard]] bool anywhere() const override { return true; }
+    std::size_t readAt(std::uint64_t offset, std::span<char> buffer) const override;
+    void moveTo(std::uint64_t offset) override { offset_ = offset; }
 
-    /// One byte at `offset` bytes from the start.
-    [[nodiscard]] char byteAt(std::uint64_t offset);
+    /// The byte `offset` bytes from the start. Throws RuntimeError 57 when there is none.
+    [[nodiscard]] char byteAt(std::uint64_t offset) const
+    {
+        char byte = 0;
+        if (readAt(offset, {&byte, 1}) != 1) {
+            throw RuntimeError(ErrorNumber::DeviceIo);
+        }
+        return byte;
+    }
 
     /// Writes all of `bytes` at `offset`. On failure part of them may be in the file.
     void writeAt(std::uint64_t offset, std::string_view bytes);
@@ -49,6 +64,7 @@ class HostFile : public ByteSource {
 #else
     int descriptor_;
 #endif
+    std::uint64_t offset_ = 0;  ///< our own: the system's moves on one of the two whenever anything is read
 };
 
 /// Puts `from` in the place of `to` in one step. Throws RuntimeError; `to` is then as it was.

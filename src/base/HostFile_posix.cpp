@@ -85,10 +85,10 @@ HostFile::~HostFile()
     ::close(descriptor_);
 }
 
-std::size_t HostFile::read(std::span<char> buffer)
+std::size_t HostFile::readAt(std::uint64_t offset, std::span<char> buffer) const
 {
     for (;;) {
-        const ssize_t count = ::read(descriptor_, buffer.data(), buffer.size());
+        const ssize_t count = ::pread(descriptor_, buffer.data(), buffer.size(), static_cast<off_t>(offset));
         if (count >= 0) {
             return static_cast<std::size_t>(count);
         }
@@ -105,16 +105,6 @@ std::uint64_t HostFile::size() const
         fail(errno);
     }
     return static_cast<std::uint64_t>(status.st_size);
-}
-
-char HostFile::byteAt(std::uint64_t offset)
-{
-    char byte = 0;
-    const ssize_t count = ::pread(descriptor_, &byte, 1, static_cast<off_t>(offset));
-    if (count != 1) {
-        fail(count < 0 ? errno : EIO);
-    }
-    return byte;
 }
 
 void HostFile::writeAt(std::uint64_t offset, std::string_view bytes)

@@ -87,12 +87,16 @@ HostFile::~HostFile()
     ::CloseHandle(handle_);
 }
 
-std::size_t HostFile::read(std::span<char> buffer)
+std::size_t HostFile::readAt(std::uint64_t offset, std::span<char> buffer) const
 {
+    OVERLAPPED place = at(offset);
     DWORD count = 0;
     const auto wanted = static_cast<DWORD>(std::min<std::size_t>(buffer.size(), 1U << 30));
-    if (::ReadFile(handle_, buffer.data(), wanted, &count, nullptr) == 0) {
-        fail(::GetLastError());
+    if (::ReadFile(handle_, buffer.data(), wanted, &count, &place) == 0) {
+        const DWORD error = ::GetLastError();
+        if (error != ERROR_HANDLE_EOF) {
+            fail(error);
+        }
     }
     return count;
 }
@@ -104,17 +108,6 @@ std::uint64_t HostFile::size() const
         fail(::GetLastError());
     }
     return static_cast<std::uint64_t>(size.QuadPart);
-}
-
-char HostFile::byteAt(std::uint64_t offset)
-{
-    OVERLAPPED place = at(offset);
-    char byte = 0;
-    DWORD count = 0;
-    if (::ReadFile(handle_, &byte, 1, &count, &place) == 0 || count != 1) {
-        fail(::GetLastError());
-    }
-    return byte;
 }
 
 void HostFile::writeAt(std::uint64_t offset, std::string_view bytes)

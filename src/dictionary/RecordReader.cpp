@@ -5,9 +5,34 @@
 
 namespace karvel {
 
-RecordReader::RecordReader(std::unique_ptr<ByteSource> source, std::size_t window)
-    : source_(std::move(source)), fields_(*source_, window)
+RecordReader::RecordReader(std::unique_ptr<ByteSource> source, std::size_t window, const SkimShape& shape)
+    : source_(std::move(source)), fields_(*source_, window), shape_(shape)
 {
+}
+
+void RecordReader::skimFor(std::string_view text)
+{
+    if (text != skimmedFor_) {
+        skimmer_.reset();
+        skimmedFor_ = text;
+        if (FieldSkimmer::fits(*source_, text, shape_)) {
+            skimmer_ = std::make_unique<FieldSkimmer>(*source_, text, shape_);
+        }
+    }
+}
+
+bool RecordReader::skipWithout(std::string_view text)
+{
+    skimFor(text);
+    if (skimmer_ && fields_.atField()) {
+        const std::uint64_t from = fields_.position();
+        if (const std::uint64_t to = skimmer_->pass(from); to != from) {
+            remember();
+            fields_.moveTo(to);
+            return true;
+        }
+    }
+    return fields_.skipRecordsWithout(text);
 }
 
 void RecordReader::remember()

@@ -3,8 +3,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/FieldReader.hpp"
+#include "base/FieldSkimmer.hpp"
 #include "dictionary/DictionaryEntry.hpp"
 
 namespace karvel {
@@ -13,7 +15,8 @@ namespace karvel {
 class RecordReader {
   public:
     /// Owns `source`; `window` as FieldReader has it.
-    explicit RecordReader(std::unique_ptr<ByteSource> source, std::size_t window = FieldReader::kWindow);
+    explicit RecordReader(std::unique_ptr<ByteSource> source, std::size_t window = FieldReader::kWindow,
+                          const SkimShape& shape = {});
 
     /// Moves to the next record; false at the end of the file, where blanks and line ends behind the last
     /// record are no record. Throws RuntimeError 62 when the file ends inside a record or a quote is never
@@ -22,8 +25,9 @@ class RecordReader {
 
     /// Passes quickly over records in which `text` stands nowhere, none where that takes a closer look;
     /// `next` goes on behind them. Whatever follows, `last` then is right again after one call of `next`.
-    /// False when none was passed over.
-    bool skipWithout(std::string_view text) { return fields_.skipRecordsWithout(text); }
+    /// False when none was passed over. A large file is looked through by several threads at once; none is
+    /// left when the reader goes. May throw ReadingStopped.
+    bool skipWithout(std::string_view text);
 
     /// The record that `next` moved to; valid until the next call of `next`.
     [[nodiscard]] const RawRecord& record() const { return record_; }
@@ -33,9 +37,13 @@ class RecordReader {
 
   private:
     void remember();
+    void skimFor(std::string_view text);
 
     std::unique_ptr<ByteSource> source_;
     FieldReader fields_;
+    SkimShape shape_;
+    std::string skimmedFor_;
+    std::unique_ptr<FieldSkimmer> skimmer_;  ///< none for a file that is small, or read once only
     RawRecord record_;
     bool current_ = false;  ///< record_ points into the window
     std::optional<DictionaryEntry> kept_;

@@ -110,6 +110,7 @@ TEST_F(LongFile, IsReadRecordByRecord)
 
 TEST_F(LongFile, IsSearchedWithoutMissingAMatch)
 {
+    constexpr unsigned kUnskimmed = 99;
     std::string usual;
     for (const DictionaryEntry& entry : entries) {
         usual += testing::record(entry.signs, entry.translation, entry.transliteration, entry.note);
@@ -120,9 +121,14 @@ TEST_F(LongFile, IsSearchedWithoutMissingAMatch)
          {std::pair{3, "p01"}, std::pair{1, "p01p02"}, std::pair{4, "a01b"}, std::pair{5, "b20"},
           std::pair{6, "p01p47"}, std::pair{6, "p47"}, std::pair{6, "p01"}, std::pair{3, "c01"}}) {
         const MatchRule rule(static_cast<std::uint8_t>(mode), phrase);
-        for (const std::string* const file : {&std::as_const(usual), &mixed, &cut}) {
-            SCOPED_TRACE(std::to_string(mode) + " " + phrase);
-            RecordReader reader(std::make_unique<TextSource>(*file));
+        for (const auto& [file, helpers] : {std::pair{&std::as_const(usual), 3U},
+                                            {&usual, 0U},
+                                            {&mixed, 1U},
+                                            {&cut, 2U},
+                                            {&cut, kUnskimmed}}) {
+            SCOPED_TRACE(std::to_string(mode) + " " + phrase + " " + std::to_string(helpers));
+            const SkimShape shape{.least = helpers == kUnskimmed ? usual.size() * 2 : 0, .helpers = helpers};
+            RecordReader reader(std::make_unique<TextSource>(*file), FieldReader::kWindow, shape);
             Lookup lookup(reader, rule);
             for (const DictionaryEntry& entry : entries) {
                 if (rule.matches(entry.signs)) {

@@ -95,14 +95,7 @@ class Contest {
             return;
         }
         require(text_.substr(from, to - from).find(wanted_) == std::string_view::npos, "no match is skipped");
-        for (int field = 0; model_.position() < to || field % 4 != 0; ++field) {
-            require(model_.field().has_value(), "only fields are skipped");
-        }
-        require(model_.position() == to, "only whole records are skipped");
-        FieldModel ahead = model_;
-        for (int field = 0; field < 4; ++field) {
-            require(ahead.field().has_value(), "a record is left to be read");
-        }
+        require(model_.passTo(to), "only whole records are skipped, and one is left to be read");
     }
 
     std::string_view text_;

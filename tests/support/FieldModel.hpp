@@ -37,6 +37,23 @@ class FieldModel {
         return text_.substr(at_).find_first_not_of(" \r\n") == std::string_view::npos;
     }
 
+    /// Passes over whole records to the byte at `to`; false when no record begins there, or no whole one.
+    bool passTo(std::size_t to)
+    {
+        for (int field = 0; at_ < to || field % 4 != 0; ++field) {
+            if (!this->field()) {
+                return false;
+            }
+        }
+        FieldModel ahead = *this;
+        for (int field = 0; field < 4; ++field) {
+            if (!ahead.field()) {
+                return false;
+            }
+        }
+        return at_ == to;
+    }
+
     /// Nothing is error 62.
     std::optional<std::string> field()
     {

@@ -90,21 +90,33 @@ bool DictionaryInsertion::refuses(std::string_view codes, const Texts& texts)
 }
 
 /// Whether some record has just these signs. Another program may be adding an entry, of which only the
-/// beginning has reached the file: such a file is read again.
+/// beginning has reached the file: a file that is cut and grows is read again.
 bool DictionaryInsertion::known(std::string_view codes)
 {
     constexpr int kAttempts = 4;
-    constexpr std::chrono::milliseconds kPause(10);
     for (int attempt = 1;; ++attempt) {
+        const std::uint64_t size = files_.open(kDictionaryPath)->size();
         try {
             return lookThrough(codes);
         } catch (const RuntimeError& error) {
-            if (error.number() != ErrorNumber::InputPastEnd || attempt == kAttempts) {
+            if (error.number() != ErrorNumber::InputPastEnd || attempt == kAttempts || !growsFrom(size)) {
                 throw;
             }
         }
-        std::this_thread::sleep_for(kPause);
     }
+}
+
+/// Whether somebody writes to the dictionary just now.
+bool DictionaryInsertion::growsFrom(std::uint64_t size) const
+{
+    constexpr std::chrono::milliseconds kPause(10);
+    for (int pause = 0; pause < 3; ++pause) {
+        std::this_thread::sleep_for(kPause);
+        if (files_.open(kDictionaryPath)->size() != size) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool DictionaryInsertion::lookThrough(std::string_view codes)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -45,6 +46,7 @@ class DictionaryInsertion {
     bool refuses(std::string_view codes, const Texts& texts);
     bool known(std::string_view codes);
     bool lookThrough(std::string_view codes);
+    [[nodiscard]] bool growsFrom(std::uint64_t size) const;
 
     const FileSystem& files_;
     UserInterface& ui_;

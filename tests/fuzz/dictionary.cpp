@@ -194,8 +194,10 @@ class Judge {
         if (step_ % 32 == 1) {
             return RecordReader(std::make_unique<testing::Dribble>(text_, step_), window_);
         }
-        const SkimShape shape{
-            .least = 0, .region = 16 + step_, .reach = 8 + step_ / 8, .helpers = step_ % 64 == 17 ? 1U : 0U};
+        const SkimShape shape{.least = 0,
+                              .region = 16 + step_ / 16,
+                              .reach = 8 + step_ / 64,
+                              .helpers = step_ % 64 == 17 ? 1U : 0U};
         return RecordReader(std::make_unique<TextSource>(text_), window_, shape);
     }
 

@@ -4,12 +4,12 @@
 #include <string>
 #include <string_view>
 
+#include "app/ModeSwitch.hpp"
 #include "app/WindowOpener.hpp"
 #include "base/FileSystem.hpp"
 #include "base/Pictures.hpp"
 #include "base/UserInterface.hpp"
 #include "compose/DisplayLine.hpp"
-#include "compose/MissingSignMode.hpp"
 #include "compose/Palette.hpp"
 #include "compose/SignImages.hpp"
 #include "dictionary/DictionaryEntry.hpp"
@@ -61,18 +61,6 @@ class Session : private SplittingView {
     void search();
 
   private:
-    /// Lets composing switch the missing-sign search on and off.
-    class ModeSwitch : public MissingSignMode {
-      public:
-        explicit ModeSwitch(SearchModes& modes) : modes_(modes) {}
-        [[nodiscard]] bool active() const override { return modes_.is(Mode::MissingSign); }
-        void activate() override { modes_.activateMissingSign(); }
-        void leave() override { modes_.leaveMissingSign(); }
-
-      private:
-        SearchModes& modes_;
-    };
-
     void showFound(std::string_view signs) override { display_.showFound(signs); }
     void showPicture(const std::string& name) override;
     void consume(std::size_t characters) override { display_.consume(characters); }

@@ -49,7 +49,8 @@ class SignRepertoire {
 /// `unknown` is then that number.
 [[nodiscard]] std::optional<std::string> codesOfGardiner(std::string_view phrase, std::string& unknown);
 
-/// What a person reads of a sign in one line: "e16 · G17 · civetta · m · U+13153". Just the code for an unknown one.
+/// What a person reads of a sign in one line: "e16 · G17 · civetta · m · U+13153". Just the code for an
+/// unknown one.
 [[nodiscard]] std::string signCaption(std::string_view code);
 
 }  // namespace karvel

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Drive.hpp"
+#include "app/ModeSwitch.hpp"
 #include "compose/DisplayLine.hpp"
 #include "compose/Palette.hpp"
 #include "compose/SignFinder.hpp"
-#include "dictionary/SearchModes.hpp"
 
 namespace karvel::fuzz {
 
@@ -22,17 +22,6 @@ class Composing {
     SignImages images;
 
   private:
-    class ModeSwitch : public MissingSignMode {
-      public:
-        explicit ModeSwitch(SearchModes& modes) : modes_(modes) {}
-        [[nodiscard]] bool active() const override { return modes_.is(Mode::MissingSign); }
-        void activate() override { modes_.activateMissingSign(); }
-        void leave() override { modes_.leaveMissingSign(); }
-
-      private:
-        SearchModes& modes_;
-    };
-
     /// Made once: it takes longer than everything else here.
     static SignFinder& finder()
     {

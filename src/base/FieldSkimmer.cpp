@@ -2,20 +2,22 @@
 
 #include <algorithm>
 #include <system_error>
+#include <utility>
 
 namespace karvel {
 
 bool FieldSkimmer::fits(const ByteSource& source, std::string_view text, const SkimShape& shape)
 {
-    return !text.empty() && text.find('"') == std::string_view::npos && source.anywhere() &&
-           source.size() >= shape.least;
+    const bool inOneField =
+        text.size() < 3 || text.substr(1, text.size() - 2).find('"') == std::string_view::npos;
+    return !text.empty() && inOneField && source.anywhere() && source.size() >= shape.least;
 }
 
-FieldSkimmer::FieldSkimmer(const ByteSource& source, std::string_view text, const SkimShape& shape)
+FieldSkimmer::FieldSkimmer(const ByteSource& source, Wanted wanted, const SkimShape& shape)
     : source_(source),
-      text_(text),
+      wanted_(std::move(wanted)),
       shape_(shape),
-      scanner_(source, text, shape.region, shape.reach),
+      scanner_(source, wanted_, shape.region, shape.reach),
       regions_(source.size() / shape.region)
 {
 }
@@ -128,7 +130,7 @@ void FieldSkimmer::keep(std::uint64_t region, const RegionFacts& facts)
 
 void FieldSkimmer::help()
 {
-    RegionScanner scanner(source_, text_, shape_.region, shape_.reach);
+    RegionScanner scanner(source_, wanted_, shape_.region, shape_.reach);
     std::unique_lock lock(mutex_);
     while (!stop_) {
         std::uint64_t region = 0;

@@ -22,23 +22,23 @@ struct SkimShape {
     unsigned helpers = 3;            ///< threads beside the caller's, if there are processors for them
 };
 
-/// Passes over the records of a large file in which a text stands nowhere, on several processors at once.
+/// Passes over the records of a large file in which no field is wanted, on several processors at once.
 ///
-/// It finds only that nothing is there. Where the text stands, or where the file does not have the usual
-/// form, nothing is passed over: such parts are for the reader of fields.
+/// It finds only that nothing is there. Where something is, or where the file does not have the usual form,
+/// nothing is passed over: such parts are for the reader of fields.
 class FieldSkimmer {
   public:
-    /// True for a source and a text for which there can be a skimmer.
+    /// True for a source and a wanted text for which there can be a skimmer.
     [[nodiscard]] static bool fits(const ByteSource& source, std::string_view text, const SkimShape& shape);
 
     /// `source`, which must be readable at any place, must outlive the skimmer; its size is taken once.
-    FieldSkimmer(const ByteSource& source, std::string_view text, const SkimShape& shape);
+    FieldSkimmer(const ByteSource& source, Wanted wanted, const SkimShape& shape);
     ~FieldSkimmer();
     FieldSkimmer(const FieldSkimmer&) = delete;
     FieldSkimmer& operator=(const FieldSkimmer&) = delete;
 
     /// A record of four fields begins `record` bytes from the start. Returns where a later one begins before
-    /// which the text stands nowhere and with which at least one more whole record follows; `record` itself
+    /// which no field is wanted and with which at least one more whole record follows; `record` itself
     /// when there is none or it is not worth the search. Does not go very far at a time, so that the caller
     /// can tell how far he has come. Never fails.
     [[nodiscard]] std::uint64_t pass(std::uint64_t record);
@@ -62,7 +62,7 @@ class FieldSkimmer {
     void startHelpers();
 
     const ByteSource& source_;
-    std::string text_;
+    Wanted wanted_;
     SkimShape shape_;
     RegionScanner scanner_;
     std::uint64_t regions_;       ///< whose end is known to lie in the file

@@ -80,10 +80,11 @@ LookAtStretch fastestLook()
 
 }  // namespace
 
-RegionScanner::RegionScanner(const ByteSource& source, std::string_view text, std::size_t region,
+RegionScanner::RegionScanner(const ByteSource& source, const Wanted& wanted, std::size_t region,
                              std::size_t reach)
     : source_(source),
-      text_(text.substr(0, kLongestText)),
+      wanted_(wanted),
+      text_(std::string_view(wanted.text).substr(0, kLongestText)),
       region_(region),
       reach_(reach),
       buffer_(kEnd + region + kEnd + reach + kLongestText + kScanPadding),
@@ -136,7 +137,7 @@ RegionFacts RegionScanner::look(const char* start) const
     for (const char* at = start; at < stop; at += kStretch) {
         const std::size_t count = std::min(kStretch, static_cast<std::size_t>(stop - at));
         const Look seen = count < kStretch ? lookAt(at, count, probes_) : lookFast(at, probes_);
-        if (seen.odd != 0 || (seen.likely != 0 && textIn(at, at + count))) {
+        if (seen.odd != 0 || (seen.likely != 0 && wantedIn(at, at + count))) {
             facts.clear = false;
             facts.closer = placeOf(at + count);
             stop = at;
@@ -194,11 +195,28 @@ const char* RegionScanner::firstEnd(const char* at) const
     return nullptr;
 }
 
-/// Whether the text begins in [from, to). It has no quote and so cannot reach behind a field that ends there.
-bool RegionScanner::textIn(const char* from, const char* to) const
+/// Whether the text of a wanted field begins in [from, to). It has no quote inside and so cannot reach behind
+/// a field that ends there.
+bool RegionScanner::wantedIn(const char* from, const char* to) const
 {
     const std::string_view bytes(from, static_cast<std::size_t>(to - from) + text_.size() - 1);
-    return bytes.find(text_) != std::string_view::npos;
+    for (std::size_t at = 0; (at = bytes.find(text_, at)) != std::string_view::npos; ++at) {
+        if (wantedAt(from + at)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Whether the field around `text` is wanted. In the usual form the nearest quotes are its own.
+bool RegionScanner::wantedAt(const char* text) const
+{
+    const char* begin = text;
+    while (*begin != '"') {
+        --begin;
+    }
+    const char* const end = findQuote(begin + 1, end_);
+    return end == end_ || wanted_.fits({begin + 1, static_cast<std::size_t>(end - begin - 1)});
 }
 
 }  // namespace karvel

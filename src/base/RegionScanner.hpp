@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,8 +12,17 @@
 
 namespace karvel {
 
-/// How far a region has but fields of the usual form, in double quotes with CR LF behind them, and not the
-/// text in any of them.
+/// What is looked for.
+struct Wanted {
+    /// Stands in every field that is; with the quotes around the field where it begins or ends with them, and
+    /// with none inside. Empty: nothing can be told without reading.
+    std::string text;
+    /// Tells which of the fields that hold it are. Several threads may call it at once.
+    std::function<bool(std::string_view)> fits;
+};
+
+/// How far a region has but fields of the usual form, in double quotes with CR LF behind them, and none that
+/// is wanted.
 struct RegionFacts {
     bool clear = false;        ///< so far as it goes
     std::uint64_t fields = 0;  ///< until then
@@ -35,8 +45,9 @@ struct TextProbes {
 class RegionScanner {
   public:
     /// `region` is the size in bytes; a field that begins in one must end within `reach` bytes behind it.
-    /// `text` must not be empty. `source`, which must be readable at any place, must outlive the scanner.
-    RegionScanner(const ByteSource& source, std::string_view text, std::size_t region, std::size_t reach);
+    /// `wanted.text` must not be empty. `source`, which must be readable at any place, and `wanted` must
+    /// outlive the scanner.
+    RegionScanner(const ByteSource& source, const Wanted& wanted, std::size_t region, std::size_t reach);
 
     /// The region in which a field belongs that begins `position` bytes from the start.
     [[nodiscard]] std::uint64_t regionOf(std::uint64_t position) const
@@ -61,10 +72,12 @@ class RegionScanner {
     [[nodiscard]] RegionFacts look(const char* start) const;
     [[nodiscard]] std::uint64_t placeOf(const char* at) const;
     [[nodiscard]] const char* firstEnd(const char* at) const;
-    [[nodiscard]] bool textIn(const char* from, const char* to) const;
+    [[nodiscard]] bool wantedIn(const char* from, const char* to) const;
+    [[nodiscard]] bool wantedAt(const char* text) const;
 
     const ByteSource& source_;
-    std::string text_;
+    const Wanted& wanted_;
+    std::string_view text_;  ///< the beginning of the wanted one
     TextProbes probes_;
     std::size_t region_;
     std::size_t reach_;

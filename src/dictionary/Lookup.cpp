@@ -31,6 +31,28 @@ MatchRule::MatchRule(std::uint8_t mode, std::string_view phrase) : first_(phrase
         default:
             kind_ = Kind::Contains;
     }
+    const std::string quote(1, '"');
+    if (kind_ == Kind::Contains) {
+        held_ = first_;
+    } else if (kind_ == Kind::Equal) {
+        held_ = quote + first_ + quote;
+    } else if (first_.size() >= second_.size()) {
+        held_ = first_.empty() ? first_ : quote + first_;
+    } else {
+        held_ = second_ + quote;
+    }
+}
+
+MatchRule MatchRule::beginningsOf(std::string_view phrase)
+{
+    MatchRule rule;
+    rule.kind_ = Kind::Beginning;
+    rule.first_ = phrase;
+    // What is left over when the phrase is no whole number of signs belongs to its first one.
+    const std::size_t cut = phrase.size() % kCodeLength;
+    rule.second_ = phrase.substr(0, cut == 0 ? kCodeLength : cut);
+    rule.held_ = '"' + rule.second_;
+    return rule;
 }
 
 bool MatchRule::contains(std::string_view signs) const

@@ -10,20 +10,17 @@ RecordReader::RecordReader(std::unique_ptr<ByteSource> source, std::size_t windo
 {
 }
 
-void RecordReader::skimFor(std::string_view text)
+void RecordReader::lookFor(Wanted wanted)
 {
-    if (text != skimmedFor_) {
-        skimmer_.reset();
-        skimmedFor_ = text;
-        if (FieldSkimmer::fits(*source_, text, shape_)) {
-            skimmer_ = std::make_unique<FieldSkimmer>(*source_, text, shape_);
-        }
+    text_ = wanted.text;
+    skimmer_.reset();
+    if (FieldSkimmer::fits(*source_, text_, shape_)) {
+        skimmer_ = std::make_unique<FieldSkimmer>(*source_, std::move(wanted), shape_);
     }
 }
 
-bool RecordReader::skipWithout(std::string_view text)
+bool RecordReader::skip()
 {
-    skimFor(text);
     if (skimmer_ && fields_.atField()) {
         const std::uint64_t from = fields_.position();
         if (const std::uint64_t to = skimmer_->pass(from); to != from) {
@@ -32,7 +29,7 @@ bool RecordReader::skipWithout(std::string_view text)
             return true;
         }
     }
-    return fields_.skipRecordsWithout(text);
+    return fields_.skipRecordsWithout(text_);
 }
 
 void RecordReader::remember()

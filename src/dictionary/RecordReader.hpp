@@ -23,11 +23,14 @@ class RecordReader {
     /// closed; `last` then still is the last whole record.
     bool next();
 
-    /// Passes quickly over records in which `text` stands nowhere, none where that takes a closer look;
-    /// `next` goes on behind them. Whatever follows, `last` then is right again after one call of `next`.
-    /// False when none was passed over. A large file is looked through by several threads at once; none is
-    /// left when the reader goes. May throw ReadingStopped.
-    bool skipWithout(std::string_view text);
+    /// From now on `skip` may pass over records without a field that is wanted; over none when the wanted
+    /// text is empty. A large file is looked through by several threads at once, until the reader goes.
+    void lookFor(Wanted wanted);
+
+    /// Passes quickly over such records, none where that takes a closer look; `next` goes on behind them.
+    /// Whatever follows, `last` then is right again after one call of `next`. False when none was passed
+    /// over. May throw ReadingStopped.
+    bool skip();
 
     /// The record that `next` moved to; valid until the next call of `next`.
     [[nodiscard]] const RawRecord& record() const { return record_; }
@@ -37,12 +40,11 @@ class RecordReader {
 
   private:
     void remember();
-    void skimFor(std::string_view text);
 
     std::unique_ptr<ByteSource> source_;
     FieldReader fields_;
     SkimShape shape_;
-    std::string skimmedFor_;
+    std::string text_;                       ///< the wanted one
     std::unique_ptr<FieldSkimmer> skimmer_;  ///< none for a file that is small, or read once only
     RawRecord record_;
     bool current_ = false;  ///< record_ points into the window

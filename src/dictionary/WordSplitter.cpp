@@ -25,16 +25,10 @@ std::optional<Word> longestWord(RecordReader& reader, std::string_view phrase)
 {
     std::optional<Word> longest;
     std::size_t length = 0;
-    // Every candidate begins with the shortest one, which is one sign: whatever does not is passed over as
-    // fast as any search passes over it.
-    const std::size_t cut = phrase.size() % kCodeLength;
-    const std::string_view shortest = phrase.substr(0, cut == 0 ? kCodeLength : cut);
-    Lookup beginnings(reader, MatchRule(static_cast<std::uint8_t>(Mode::StartsWith), shortest));
+    Lookup beginnings(reader, MatchRule::beginningsOf(phrase));
     while (length < phrase.size() && beginnings.next()) {
-        const std::string_view signs = reader.record().signs;
-        if (signs.size() > length && phrase.starts_with(signs) &&
-            (phrase.size() - signs.size()) % kCodeLength == 0) {
-            length = signs.size();
+        if (reader.record().signs.size() > length) {
+            length = reader.record().signs.size();
             longest = Word{reader.record().decoded(), length};
         }
     }

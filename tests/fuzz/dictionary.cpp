@@ -158,10 +158,10 @@ class Judge {
     void count() const
     {
         std::int64_t fields = 0;
-        testing::FieldModel model(text_);
-        for (; !model.atEnd() && model.field(); ++fields) {
+        bool unread = false;  // blanks behind the last field, too, are no end and no field
+        for (testing::FieldModel model(text_); !unread && !model.atEnd(); fields += unread ? 0 : 1) {
+            unread = !model.field();
         }
-        const bool unread = !model.atEnd();
         TextSource source(text_);
         const EntryCount counted = countEntries(source);
         require(counted.entries == (fields + 4) / 5, "one entry for five fields");

@@ -94,9 +94,9 @@ std::string PhraseRules::ticksBroken(Session& session, const Form1& form1)
         }
         ticked += shown ? 1 : 0;
     }
-    // A mode that nobody knows, from the settings, ticks nothing until one is chosen.
+    // A mode from the settings that is none of the menu's first five ticks nothing until one is chosen.
     everTicked_ =
-        everTicked_ || ticked > 0 || (session.modes().SearchMode() >= 1 && session.modes().SearchMode() <= 6);
+        everTicked_ || ticked > 0 || (session.modes().SearchMode() >= 1 && session.modes().SearchMode() <= 5);
     return ticked == (everTicked_ ? 1 : 0) ? "" : std::to_string(ticked) + " modes are ticked";
 }
 

@@ -21,6 +21,7 @@
 #include "windows/PictureStore.hpp"
 #include "windows/Prompt.hpp"
 #include "windows/Resources.hpp"
+#include "windows/SignImage.hpp"
 #include "windows/SignMenu.hpp"
 #include "windows/SplashWindow.hpp"
 #include "windows/Theme.hpp"
@@ -74,10 +75,13 @@ int runApplication(int argc, char** argv)
 #ifdef __GLIBC__
     mallopt(M_MMAP_THRESHOLD, 64 * 1024);  // what a decoded image took goes back to the system with it
 #endif
-    QApplication application(argc, argv);
     const Drives drives = Drives::ofUser();
+    // The first page is read while the toolkit starts.
+    auto ahead = std::make_unique<Ahead<QImage>>(
+        firstPage(), [&drives](const std::string& path) { return usualImage(drives, path); });
+    QApplication application(argc, argv);
     PictureStore pictures(drives);
-    pictures.use(std::make_unique<ImagesAhead>(drives, firstPage()));
+    pictures.use(std::move(ahead));
     QApplication::setApplicationName(QStringLiteral("Karvel"));
     QApplication::setApplicationVersion(QLatin1String(kVersion));
     QApplication::setDesktopFileName(QStringLiteral("karvel"));

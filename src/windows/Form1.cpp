@@ -184,6 +184,17 @@ void Form1::showPalette()
     pageRange_->setText(known ? QStringLiteral("Gardiner %1 – %2").arg(first, last) : QString());
 }
 
+/// The keys know their size now, and are painted a little later.
+void Form1::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    std::vector<std::string> pictures;
+    for (const SignButton* const key : tasto_) {
+        pictures.push_back(key->picturePath());
+    }
+    desktop_.pictures().scaleAhead(pictures, tasto_[0]->pictureSide(), devicePixelRatioF());
+}
+
 /// The pages beside this one first: they are the likeliest to be turned to.
 void Form1::preparePages()
 {

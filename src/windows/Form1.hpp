@@ -52,6 +52,7 @@ class Form1 : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     /// One item of a menu; without a handler it is shown, but cannot be chosen.

@@ -3,9 +3,11 @@
 #include <QPainter>
 #include <algorithm>
 #include <optional>
+#include <unordered_map>
 #include <utility>
 
 #include "base/SignCode.hpp"
+#include "windows/SignImage.hpp"
 #include "windows/Text.hpp"
 
 namespace karvel {
@@ -77,22 +79,28 @@ QString PictureStore::key(const std::string& systemPath, int pixels)
 
 PictureStore::Cropped PictureStore::scale(const QImage& original, int pixels)
 {
-    const QImage scaled = original.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const QImage scaled = original.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                              .scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     const QRect area = inked(scaled);
     return {.image = scaled.copy(area), .corner = area.topLeft(), .whole = scaled.size()};
 }
 
 QImage PictureStore::image(const std::string& systemPath)
 {
+    const QImage found = decoded(systemPath);
+    return found.isNull() ? found : found.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+QImage PictureStore::decoded(const std::string& systemPath)
+{
     const QString name = qtext(systemPath);
     if (const QImage* const known = images_.object(name)) {
         return *known;
     }
-    std::optional<QImage> ready;
-    if (ahead_) {
-        ready = ahead_->take(systemPath);
+    QImage image = decodedAhead_ ? decodedAhead_->take(systemPath).value_or(QImage()) : QImage();
+    if (image.isNull()) {
+        image = decodedImage(drives_, systemPath);
     }
-    QImage image = ready ? *ready : decodedImage(drives_, systemPath);
     if (!image.isNull()) {
         good_.insert(systemPath);
         images_.insert(name, new QImage(image), kilobytes(image.sizeInBytes()));
@@ -102,7 +110,7 @@ QImage PictureStore::image(const std::string& systemPath)
 
 bool PictureStore::canLoad(const std::string& systemPath)
 {
-    return good_.contains(systemPath) || !image(systemPath).isNull();
+    return good_.contains(systemPath) || !decoded(systemPath).isNull();
 }
 
 void PictureStore::keep(const std::string& systemPath, int pixels, const Cropped& picture)
@@ -120,7 +128,13 @@ const PictureStore::Scaled* PictureStore::find(const std::string& systemPath, in
     if (const Scaled* const known = scaled_.object(key(systemPath, pixels))) {
         return known;
     }
-    const QImage original = image(systemPath);
+    if (scaledAhead_ && pixels == pixelsAhead_) {
+        if (const std::optional<Cropped> ready = scaledAhead_->take(systemPath)) {
+            keep(systemPath, pixels, *ready);
+            return scaled_.object(key(systemPath, pixels));
+        }
+    }
+    const QImage original = decoded(systemPath);
     if (original.isNull()) {
         return nullptr;
     }
@@ -156,6 +170,25 @@ QPixmap PictureStore::scaled(const std::string& systemPath, int side, qreal rati
     return whole;
 }
 
+void PictureStore::scaleAhead(const std::vector<std::string>& systemPaths, int side, qreal ratio)
+{
+    std::vector<std::string> names;
+    std::unordered_map<std::string, QImage> images;
+    for (const std::string& path : systemPaths) {
+        if (const QImage* const image = images_.object(qtext(path))) {
+            names.push_back(path);
+            images.emplace(path, *image);
+        }
+    }
+    pixelsAhead_ = qRound(side * ratio);
+    if (pixelsAhead_ > 0) {
+        scaledAhead_ = std::make_unique<Ahead<Cropped>>(
+            std::move(names), [images = std::move(images), pixels = pixelsAhead_](const std::string& path) {
+                return scale(images.at(path), pixels);
+            });
+    }
+}
+
 /// On a screen with many pixels a picture is larger, and so is what the other windows' pictures may take.
 void PictureStore::makeRoomFor(int pixels)
 {
@@ -172,7 +205,8 @@ void PictureStore::prepare(const std::vector<std::string>& systemPaths, int side
     }
     makeRoomFor(pixels);
     images_.setMaxCost(kDecodedKilobytes);
-    ahead_.reset();
+    decodedAhead_.reset();
+    scaledAhead_.reset();
     qsizetype room = scaled_.maxCost() * 9 / 10;
     std::vector<std::string> wanted;
     for (const std::string& path : systemPaths) {

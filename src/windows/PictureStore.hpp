@@ -15,7 +15,7 @@
 
 #include "base/Drives.hpp"
 #include "base/Pictures.hpp"
-#include "windows/ImagesAhead.hpp"
+#include "windows/Ahead.hpp"
 
 class QPainter;
 
@@ -29,8 +29,8 @@ class PictureStore : public Pictures {
     PictureStore(const PictureStore&) = delete;
     PictureStore& operator=(const PictureStore&) = delete;
 
-    /// Takes what these have decoded, instead of decoding it.
-    void use(std::unique_ptr<ImagesAhead> ahead) { ahead_ = std::move(ahead); }
+    /// Takes what has been decoded here, instead of decoding it. A null image is the store's to decode.
+    void use(std::unique_ptr<Ahead<QImage>> ahead) { decodedAhead_ = std::move(ahead); }
 
     /// Decodes an image once; a sign that was good stays good, whatever happens to its file.
     bool canLoad(const std::string& systemPath) override;
@@ -50,6 +50,9 @@ class PictureStore : public Pictures {
     /// is room; an earlier call's remainder is given up. An image that cannot be loaded is passed over.
     void prepare(const std::vector<std::string>& systemPaths, int side, qreal ratio);
 
+    /// Begins to scale, on another thread, what is about to be drawn at this size, the first ones first.
+    void scaleAhead(const std::vector<std::string>& systemPaths, int side, qreal ratio);
+
     /// The scaled pictures that are kept now.
     [[nodiscard]] qsizetype kept() const { return scaled_.count(); }
 
@@ -64,6 +67,7 @@ class PictureStore : public Pictures {
 
     [[nodiscard]] static QString key(const std::string& systemPath, int pixels);
     [[nodiscard]] static Cropped scale(const QImage& original, int pixels);
+    [[nodiscard]] QImage decoded(const std::string& systemPath);
     const Scaled* find(const std::string& systemPath, int pixels);
     void keep(const std::string& systemPath, int pixels, const Cropped& picture);
     void makeRoomFor(int pixels);
@@ -72,7 +76,9 @@ class PictureStore : public Pictures {
     QCache<QString, QImage> images_;
     QCache<QString, Scaled> scaled_;
     std::unordered_set<std::string> good_;
-    std::unique_ptr<ImagesAhead> ahead_;  ///< none once the first window stands
+    std::unique_ptr<Ahead<QImage>> decodedAhead_;  ///< neither is left once the first window stands
+    std::unique_ptr<Ahead<Cropped>> scaledAhead_;
+    int pixelsAhead_ = 0;                 ///< for which they are scaled
     std::atomic<unsigned> round_ = 0;     ///< of preparing; an older one gives up
     QObject receiver_;  ///< results of the background arrive through it, on the thread of the windows
     QThreadPool background_;

@@ -1,12 +1,16 @@
 #include "windows/Application.hpp"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QThreadPool>
 #include <QTranslator>
+#include <future>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -53,6 +57,32 @@ std::vector<std::string> firstPage()
     return pictures;
 }
 
+/// The first text makes the toolkit list all fonts of the system, which takes as long as making the window: so it
+/// is asked for on another thread, and the window's first text finds it done, or waits for it.
+void listFontsAhead()
+{
+    QThreadPool::globalInstance()->start([] { static_cast<void>(QFontMetrics(QFont()).height()); });
+}
+
+/// The images of the program's icon, from the smallest to the largest.
+std::vector<QImage> iconImages()
+{
+    std::vector<QImage> images;
+    for (const char* const size : {"32", "64", "256"}) {
+        images.emplace_back(QStringLiteral(":/icon/karvel-%1.png").arg(QLatin1String(size)), "png");
+    }
+    return images;
+}
+
+QIcon iconOf(const std::vector<QImage>& images)
+{
+    QIcon icon;
+    for (const QImage& image : images) {
+        icon.addPixmap(QPixmap::fromImage(image));
+    }
+    return icon;
+}
+
 bool startUp(Session& session)
 {
     try {
@@ -80,6 +110,9 @@ int runApplication(int argc, char** argv)
     auto ahead = std::make_unique<Ahead<QImage>>(
         firstPage(), [&drives](const std::string& path) { return usualImage(drives, path); });
     QApplication application(argc, argv);
+    listFontsAhead();
+    initialiseResources();
+    std::future<std::vector<QImage>> icon = std::async(std::launch::async, iconImages);
     PictureStore pictures(drives);
     pictures.use(std::move(ahead));
     QApplication::setApplicationName(QStringLiteral("Karvel"));
@@ -88,18 +121,13 @@ int runApplication(int argc, char** argv)
     QApplication::setStyle(new Style);
     adoptContrastTheme();
     QApplication::setQuitOnLastWindowClosed(false);
-    initialiseResources();
-    QIcon icon;
-    for (const char* const size : {"32", "64", "256"}) {
-        icon.addFile(QStringLiteral(":/icon/karvel-%1.png").arg(QLatin1String(size)));
-    }
-    QApplication::setWindowIcon(icon);
     Prompt prompt;
     WindowSet windows;
     QTranslator translator;
     speakItalian(translator);
     Session session(FileSystem(drives), pictures, prompt, windows);
     Desktop desktop(session, pictures);
+    QApplication::setWindowIcon(iconOf(icon.get()));
     if (!startUp(session)) {
         return 1;
     }

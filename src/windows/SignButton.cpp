@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPixmapCache>
 #include <algorithm>
 
 #include "compose/SignRepertoire.hpp"
@@ -11,6 +12,35 @@
 #include "windows/Theme.hpp"
 
 namespace karvel {
+
+namespace {
+
+/// The empty key. All keys of a grid share it: smooth corners are the slowest part of a page's picture.
+QPixmap keyFace(QSize size, qreal ratio, const QColor& face, const QColor& outline)
+{
+    const QString key = QStringLiteral("tasto|%1|%2|%3|%4|%5")
+                            .arg(size.width())
+                            .arg(size.height())
+                            .arg(ratio)
+                            .arg(face.rgba())
+                            .arg(outline.rgba());
+    QPixmap drawn;
+    if (QPixmapCache::find(key, &drawn)) {
+        return drawn;
+    }
+    drawn = QPixmap((QSizeF(size) * ratio).toSize());
+    drawn.setDevicePixelRatio(ratio);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(face);
+    painter.setPen(QPen(outline, 1));
+    painter.drawRoundedRect(QRectF(QPointF(0, 0), size).adjusted(1.5, 1.5, -1.5, -1.5), 4, 4);
+    QPixmapCache::insert(key, drawn);
+    return drawn;
+}
+
+}  // namespace
 
 SignButton::SignButton(PictureStore& pictures, QWidget* parent) : QAbstractButton(parent), pictures_(pictures)
 {
@@ -67,10 +97,7 @@ void SignButton::paintEvent(QPaintEvent* /*event*/)
     } else if (underMouse() && isEnabled()) {
         face = between(surface, QColor(255, 255, 255), 0.55);
     }
-    const QRectF frame = QRectF(rect()).adjusted(1, 1, -1, -1);
-    painter.setBrush(face);
-    painter.setPen(QPen(outlineOn(surface, 0.28), 1));
-    painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+    painter.drawPixmap(0, 0, keyFace(size(), devicePixelRatioF(), face, outlineOn(surface, 0.28)));
 
     painter.setPen(inkOn(face));
     const QPointF centre = QRectF(rect()).center() + (isDown() ? QPointF(1, 1) : QPointF(0, 0));
@@ -88,7 +115,7 @@ void SignButton::paintEvent(QPaintEvent* /*event*/)
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(focusPen(surface));
-        painter.drawRoundedRect(frame.adjusted(1, 1, -1, -1), 4, 4);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 4, 4);
     }
 }
 

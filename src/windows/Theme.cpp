@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
+#include <optional>
 
 #include "base/WindowsHeader.hpp"
 
@@ -24,6 +25,14 @@ bool systemAsksForContrast()
     return false;  // the palette tells
 }
 #endif
+
+bool isBlackAndWhite(const QPalette& palette)
+{
+    const QColor surface = palette.color(QPalette::Window);
+    const QColor ink = palette.color(QPalette::WindowText);
+    const auto isPlain = [](const QColor& colour) { return colour == Qt::black || colour == Qt::white; };
+    return isPlain(surface) && isPlain(ink) && surface != ink;
+}
 
 void frame(QPainter& painter, const QStyleOption& option)
 {
@@ -62,11 +71,17 @@ void adoptContrastTheme()
 
 bool strongContrast()
 {
+    struct Answer {
+        qint64 palette;
+        bool strong;
+    };
+    // Every painting asks, and Windows would be asked each time: a new theme comes with a new palette.
+    static std::optional<Answer> last;
     const QPalette system = QApplication::palette();
-    const QColor surface = system.color(QPalette::Window);
-    const QColor ink = system.color(QPalette::WindowText);
-    const auto isPlain = [](const QColor& colour) { return colour == Qt::black || colour == Qt::white; };
-    return systemAsksForContrast() || (isPlain(surface) && isPlain(ink) && surface != ink);
+    if (!last || last->palette != system.cacheKey()) {
+        last = {system.cacheKey(), systemAsksForContrast() || isBlackAndWhite(system)};
+    }
+    return last->strong;
 }
 
 QColor outlineOn(const QColor& background, qreal share)

@@ -87,8 +87,8 @@ class Codes {
     unsigned held_ = 0;
 };
 
-/// Fills `pixels` with what the codes stand for. False when that is more or less than they hold, a colour from
-/// `colours` on, or a code that has no meaning yet.
+/// Fills `pixels` with what the codes stand for. False when that is more or less than they hold, a colour
+/// from `colours` on, or a code that has no meaning yet.
 bool unpack(std::string_view data, unsigned codeSize, std::size_t colours, std::vector<unsigned char>& pixels)
 {
     constexpr unsigned kLargestWidth = 12;
@@ -142,7 +142,8 @@ bool unpack(std::string_view data, unsigned codeSize, std::size_t colours, std::
     return written == pixels.size() && codes.exhausted();
 }
 
-/// An interlaced picture has every eighth row first, then the rows in the middle of the gaps, again and again.
+/// An interlaced picture has every eighth row first, then the rows in the middle of the gaps, again and
+/// again.
 std::vector<unsigned char> inOrder(const std::vector<unsigned char>& interlaced, std::size_t width)
 {
     struct Pass {
@@ -171,8 +172,8 @@ std::vector<std::uint32_t> readPalette(Bytes& bytes, unsigned flags)
     return colours;
 }
 
-/// What stands before the picture. The number of the transparent colour, `kNoColour` for none; nothing when no
-/// picture follows.
+/// What stands before the picture. The number of the transparent colour, `kNoColour` for none; nothing when
+/// no picture follows.
 std::optional<int> readExtensions(Bytes& bytes)
 {
     constexpr unsigned kExtension = 0x21;

@@ -6,8 +6,8 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QThreadPool>
+#include <QTimer>
 #include <QTranslator>
-#include <future>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -57,30 +57,30 @@ std::vector<std::string> firstPage()
     return pictures;
 }
 
-/// The first text makes the toolkit list all fonts of the system, which takes as long as making the window: so it
-/// is asked for on another thread, and the window's first text finds it done, or waits for it.
+/// The first text makes the toolkit list all fonts of the system, which takes as long as making the window:
+/// so it is asked for on another thread, and the window's first text finds that done, or waits for it.
 void listFontsAhead()
 {
     QThreadPool::globalInstance()->start([] { static_cast<void>(QFontMetrics(QFont()).height()); });
 }
 
-/// The images of the program's icon, from the smallest to the largest.
-std::vector<QImage> iconImages()
+/// The title bar and the list of windows have their icon at once. The large one follows when the first frame
+/// stands: X gets every pixel of it, which is more than its socket holds, and the window would have to wait
+/// for that.
+void showIcon(QApplication& application)
 {
-    std::vector<QImage> images;
-    for (const char* const size : {"32", "64", "256"}) {
-        images.emplace_back(QStringLiteral(":/icon/karvel-%1.png").arg(QLatin1String(size)), "png");
-    }
-    return images;
-}
-
-QIcon iconOf(const std::vector<QImage>& images)
-{
+    constexpr int kFirstFrame = 150;  // milliseconds
     QIcon icon;
-    for (const QImage& image : images) {
-        icon.addPixmap(QPixmap::fromImage(image));
-    }
-    return icon;
+    const auto add = [](QIcon& to, int side) {
+        to.addPixmap(QPixmap(QStringLiteral(":/icon/karvel-%1.png").arg(side), "png"));
+    };
+    add(icon, 32);
+    add(icon, 64);
+    QApplication::setWindowIcon(icon);
+    QTimer::singleShot(kFirstFrame, &application, [icon, add]() mutable {
+        add(icon, 256);
+        QApplication::setWindowIcon(icon);
+    });
 }
 
 bool startUp(Session& session)
@@ -112,7 +112,6 @@ int runApplication(int argc, char** argv)
     QApplication application(argc, argv);
     listFontsAhead();
     initialiseResources();
-    std::future<std::vector<QImage>> icon = std::async(std::launch::async, iconImages);
     PictureStore pictures(drives);
     pictures.use(std::move(ahead));
     QApplication::setApplicationName(QStringLiteral("Karvel"));
@@ -120,6 +119,7 @@ int runApplication(int argc, char** argv)
     QApplication::setDesktopFileName(QStringLiteral("karvel"));
     QApplication::setStyle(new Style);
     adoptContrastTheme();
+    showIcon(application);
     QApplication::setQuitOnLastWindowClosed(false);
     Prompt prompt;
     WindowSet windows;
@@ -127,7 +127,6 @@ int runApplication(int argc, char** argv)
     speakItalian(translator);
     Session session(FileSystem(drives), pictures, prompt, windows);
     Desktop desktop(session, pictures);
-    QApplication::setWindowIcon(iconOf(icon.get()));
     if (!startUp(session)) {
         return 1;
     }
@@ -137,6 +136,7 @@ int runApplication(int argc, char** argv)
     QObject::connect(&prompt, &Prompt::aboutToAsk, &form1, &Form1::showState);
     QObject::connect(&prompt, &Prompt::progress, &form1, &Form1::showProgress);
     form1.showState();
+    form1.prepareToShow();
     if (QApplication::arguments().contains(QStringLiteral("--senza-apertura"))) {
         form1.show();
     } else {

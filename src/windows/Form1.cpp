@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QFrame>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStatusBar>
@@ -22,6 +23,7 @@
 #include "windows/PageBox.hpp"
 #include "windows/SignButton.hpp"
 #include "windows/SignCell.hpp"
+#include "windows/SquareGrid.hpp"
 #include "windows/Text.hpp"
 #include "windows/Theme.hpp"
 #include "windows/TranslatedWordsWindow.hpp"
@@ -184,10 +186,11 @@ void Form1::showPalette()
     pageRange_->setText(known ? QStringLiteral("Gardiner %1 – %2").arg(first, last) : QString());
 }
 
-/// The keys know their size now, and are painted a little later.
-void Form1::showEvent(QShowEvent* event)
+void Form1::prepareToShow()
 {
-    QMainWindow::showEvent(event);
+    layout()->activate();
+    fitDisplayLine();
+    keys_->arrange();
     std::vector<std::string> pictures;
     for (const SignButton* const key : tasto_) {
         pictures.push_back(key->picturePath());

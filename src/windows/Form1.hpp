@@ -45,6 +45,9 @@ class Form1 : public QMainWindow {
     /// Shows what the session holds now.
     void showState();
 
+    /// Lays the window out before it is shown, so that its signs are scaled while the system puts it up.
+    void prepareToShow();
+
     /// How far a long reading has come, 0 to 100; -1 when it has ended.
     void showProgress(int percent);
 
@@ -52,7 +55,6 @@ class Form1 : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
   private:
     /// One item of a menu; without a handler it is shown, but cannot be chosen.
@@ -84,6 +86,7 @@ class Form1 : public QMainWindow {
     [[nodiscard]] QBoxLayout* pageLine();
     void buildStatusBar();
     void placeOnScreen();
+    void fitDisplayLine();
     QToolButton* button(const char* name, const QString& tooltip, std::function<void()> handler);
 
     void showColours();

@@ -226,13 +226,18 @@ void Form1::buildStatusBar()
 }
 
 /// The display line is as high as its cells are wide, but leaves the palette the larger share.
-void Form1::resizeEvent(QResizeEvent* event)
+void Form1::fitDisplayLine()
 {
-    QMainWindow::resizeEvent(event);
     const int cells = static_cast<int>(vendol_.size());
     const int side = (width() - 2 * csx_->sizeHint().width() - 8 * kGap) / cells;
     picture1_->setFixedHeight(std::clamp(side, 40, std::max(40, height() / 5)) + 2 * kGap);
     centre_->layout()->activate();  // at once, so that no frame shows the line half resized
+}
+
+void Form1::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    fitDisplayLine();
     pageTurned_.start();
 }
 

@@ -78,8 +78,8 @@ class PictureStore : public Pictures {
     std::unordered_set<std::string> good_;
     std::unique_ptr<Ahead<QImage>> decodedAhead_;  ///< neither is left once the first window stands
     std::unique_ptr<Ahead<Cropped>> scaledAhead_;
-    int pixelsAhead_ = 0;                 ///< for which they are scaled
-    std::atomic<unsigned> round_ = 0;     ///< of preparing; an older one gives up
+    int pixelsAhead_ = 0;              ///< for which they are scaled
+    std::atomic<unsigned> round_ = 0;  ///< of preparing; an older one gives up
     QObject receiver_;  ///< results of the background arrive through it, on the thread of the windows
     QThreadPool background_;
 };

@@ -28,7 +28,9 @@ void SquareGrid::add(QWidget* key)
     key->setParent(this);
     keys_.push_back(key);
     key->show();
-    arrange();
+    if (!testAttribute(Qt::WA_PendingResizeEvent)) {
+        arrange();
+    }
 }
 
 bool SquareGrid::moveFocus(QWidget* from, int key)

@@ -26,6 +26,9 @@ class SquareGrid : public QWidget {
     /// No square is drawn larger than this, in logical pixels.
     void setLargestSide(int side) { largestSide_ = side; }
 
+    /// Places the keys for the size that the grid has now. By itself it does so once it is shown.
+    void arrange();
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -33,8 +36,6 @@ class SquareGrid : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void arrange();
-
     int rows_;
     int columns_ = 1;
     int largestSide_ = 400;

@@ -45,7 +45,8 @@ QMessageBox::StandardButton buttonOf(Button button)
 }  // namespace
 
 Stage::Stage(const std::string& dictionary)
-    : pictures_(drive_.files().drives()),
+    : images_(drive_),
+      pictures_(drive_.files().drives()),
       session_(drive_.files(), pictures_, prompt_, windows_),
       desktop_(session_, pictures_)
 {

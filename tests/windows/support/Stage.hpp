@@ -20,6 +20,7 @@
 #include "windows/Prompt.hpp"
 #include "windows/Text.hpp"
 #include "windows/WindowSet.hpp"
+#include "windows/support/LentImages.hpp"
 
 namespace karvel::testing {
 
@@ -86,6 +87,7 @@ class Stage {
     bool compare(const Step& step, const QMessageBox& shown);
 
     TemporaryDrive drive_;
+    LentImages images_;
     PictureStore pictures_;
     Prompt prompt_;
     WindowSet windows_;

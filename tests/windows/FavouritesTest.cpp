@@ -65,6 +65,9 @@ class TestFavourites : public QObject {
     Q_OBJECT
 
   private slots:
+    /// The dialog of Windows itself has no fields of ours to type into.
+    void initTestCase() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
     void buildsAStripFromAPageInsertsAndDeletesFromItsMiddle()
     {
         Stage stage;

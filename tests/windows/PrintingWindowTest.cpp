@@ -19,14 +19,28 @@ namespace {
 constexpr int kMargin = 1134;  // all measures of the sheet: 1/1440 inch
 constexpr int kDots = 10;      // of them to a pixel at 144 pixels an inch
 
+/// Runs a program that reads a sheet, in the current directory: what it writes to its output.
 QString run(const QString& program, const QStringList& arguments)
 {
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0) {
-        qWarning() << program << "failed (Debian package poppler-utils)" << process.readAllStandardError();
+    // As a Windows program the test runs under Wine, which starts the programs of the machine below too but
+    // tells neither when they end nor how: a shell notes it.
+    const QString script = QStringLiteral("\"$0\" \"$@\" >said 2>&1; echo $? >code; mv code ended");
+    const QStringList noted = QStringList{QStringLiteral("-c"), script, program} + arguments;
+    QFile::remove(QStringLiteral("ended"));
+#if defined(_WIN32)
+    QProcess::startDetached(QStringLiteral("Z:/bin/sh"), noted);
+#else
+    QProcess::execute(QStringLiteral("/bin/sh"), noted);
+#endif
+    const auto contents = [](const char* name) {
+        QFile file((QLatin1String(name)));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    if (!QTest::qWaitFor([] { return QFile::exists(QStringLiteral("ended")); }, 30000) ||
+        contents("ended").trimmed() != "0") {
+        qWarning() << program << "failed (Debian package poppler-utils)" << contents("said");
     }
-    return QString::fromUtf8(process.readAllStandardOutput());
+    return QString::fromUtf8(contents("said"));
 }
 
 /// The first page as a picture.
@@ -87,9 +101,11 @@ class TestForm9 : public QObject {
     }
 
   private slots:
+    void initTestCase() { QVERIFY(QDir::setCurrent(directory_.path())); }
+    void cleanupTestCase() { QVERIFY(QDir::setCurrent(QDir::tempPath())); }
     void init()
     {
-        pdf_ = directory_.filePath(QStringLiteral("foglio.pdf"));
+        pdf_ = QStringLiteral("foglio.pdf");
         QFile::remove(pdf_);
         paper_ = QPageSize::A4;
         prints_ = 0;
@@ -252,7 +268,7 @@ class TestForm9 : public QObject {
         stage.press("a01");
         stage.session().last().translation = "UOMO";
         form9* const window = open(stage);
-        pdf_ = directory_.filePath(QStringLiteral("manca/foglio.pdf"));
+        pdf_ = QStringLiteral("manca/foglio.pdf");
         stage.expect(defaultErrorReport(RuntimeError(ErrorNumber::PathFileAccess)));
         press(window, "Command2");
         QVERIFY(stage.noBoxLeft());

@@ -1,6 +1,7 @@
 #include "base/FieldSkimmer.hpp"
 
 #include <algorithm>
+#include <chrono>
 #include <system_error>
 #include <utility>
 
@@ -84,77 +85,91 @@ void FieldSkimmer::ask(std::uint64_t region)
     work_.notify_all();
 }
 
-/// Looks through regions until what is asked for is known: also others, when a helper has that one.
+/// Looks through regions until what is asked for is known: others, while a helper has that one.
 RegionFacts FieldSkimmer::facts(std::uint64_t region)
 {
     ask(region);
     std::unique_lock lock(mutex_);
-    Found& found = found_[region % kAhead];
+    const Found& found = found_[region % kAhead];
     while (found.region != region || !found.known) {
-        std::uint64_t other = region;
+        Batch batch;
         if (found.region != region && next_ > region) {
-            found = {.region = region, .known = false, .facts = {}};  // asked for again after a step back
-        } else if (!claim(other)) {
+            batch = {.first = region, .count = 1, .facts = {}};  // asked for again after a step back
+            found_[region % kAhead] = {.region = region, .known = false, .facts = {}};
+        } else if (!claim(batch)) {
             done_.wait(lock);
             continue;
         }
-        lock.unlock();
-        const RegionFacts facts = scanner_.whole(other);
-        lock.lock();
-        keep(other, facts);
+        lookThrough(batch, scanner_, lock);
     }
     return found.facts;
 }
 
-/// Takes the next region that nobody looks at; false when those ahead are enough. With `mutex_` held.
-bool FieldSkimmer::claim(std::uint64_t& region)
+/// Takes the next regions that nobody looks at; false when those ahead are enough. With `mutex_` held.
+bool FieldSkimmer::claim(Batch& batch)
 {
-    if (next_ >= std::min(first_ + kAhead, regions_)) {
+    const std::uint64_t end = std::min(first_ + kAhead, regions_);
+    if (next_ >= end) {
         return false;
     }
-    region = next_++;
-    found_[region % kAhead] = {.region = region, .known = false, .facts = {}};
+    batch.first = next_;
+    batch.count = std::min(Batch::kMost, end - next_);
+    next_ += batch.count;
+    for (std::uint64_t region = batch.first; region < next_; ++region) {
+        found_[region % kAhead] = {.region = region, .known = false, .facts = {}};
+    }
     return true;
 }
 
-/// With `mutex_` held.
-void FieldSkimmer::keep(std::uint64_t region, const RegionFacts& facts)
+/// Looks and keeps what it sees. With `lock` held, but for the looking.
+void FieldSkimmer::lookThrough(Batch& batch, RegionScanner& scanner, std::unique_lock<std::mutex>& lock)
 {
-    Found& found = found_[region % kAhead];
-    if (found.region == region) {  // else nobody asks for it any more
-        found.facts = facts;
-        found.known = true;
-        done_.notify_one();
+    lock.unlock();
+    for (std::uint64_t i = 0; i < batch.count; ++i) {
+        batch.facts[i] = scanner.whole(batch.first + i);
     }
+    lock.lock();
+    for (std::uint64_t i = 0; i < batch.count; ++i) {
+        Found& found = found_[(batch.first + i) % kAhead];
+        if (found.region == batch.first + i) {  // else nobody asks for it any more
+            found.facts = batch.facts[i];
+            found.known = true;
+        }
+    }
+    done_.notify_one();
 }
 
 void FieldSkimmer::help()
 {
     RegionScanner scanner(source_, wanted_, shape_.region, shape_.reach);
     std::unique_lock lock(mutex_);
+    ++here_;
+    done_.notify_one();
     while (!stop_) {
-        std::uint64_t region = 0;
-        if (!claim(region)) {
+        Batch batch;
+        if (claim(batch)) {
+            lookThrough(batch, scanner, lock);
+        } else {
             work_.wait(lock);
-            continue;
         }
-        lock.unlock();
-        const RegionFacts facts = scanner.whole(region);
-        lock.lock();
-        keep(region, facts);
     }
 }
 
 void FieldSkimmer::startHelpers()
 {
+    constexpr std::chrono::milliseconds kMostPatience(1);
     const unsigned processors = std::max(std::thread::hardware_concurrency(), 1U);
     try {
         for (unsigned count = std::min(shape_.helpers, processors - 1); count > 0; --count) {
             helpers_.emplace_back([this] { help(); });
         }
     } catch (const std::system_error&) {
-        return;  // fewer do it too
+        // Fewer do it too.
     }
+    // A new thread may be put behind its maker on the same processor, for milliseconds, and the other stays
+    // idle. Whoever waits makes room.
+    std::unique_lock lock(mutex_);
+    done_.wait_for(lock, kMostPatience, [this] { return here_ == helpers_.size(); });
 }
 
 }  // namespace karvel

@@ -44,7 +44,7 @@ class FieldSkimmer {
     [[nodiscard]] std::uint64_t pass(std::uint64_t record);
 
   private:
-    static constexpr std::size_t kAhead = 64;      ///< regions that helpers may be ahead
+    static constexpr std::size_t kAhead = 128;     ///< regions that helpers may be ahead
     static constexpr std::uint64_t kStride = 128;  ///< regions passed over at a time
 
     struct Found {
@@ -53,12 +53,22 @@ class FieldSkimmer {
         RegionFacts facts;
     };
 
+    /// Regions that one thread looks through without asking again: whoever finds the lock taken is woken
+    /// late.
+    struct Batch {
+        static constexpr std::uint64_t kMost = 8;
+
+        std::uint64_t first = 0;
+        std::uint64_t count = 0;
+        std::array<RegionFacts, kMost> facts;
+    };
+
     void help();
     void ask(std::uint64_t region);
     void beginAgainAt(std::uint64_t place, std::uint64_t passed);
     [[nodiscard]] RegionFacts facts(std::uint64_t region);
-    [[nodiscard]] bool claim(std::uint64_t& region);
-    void keep(std::uint64_t region, const RegionFacts& facts);
+    [[nodiscard]] bool claim(Batch& batch);
+    void lookThrough(Batch& batch, RegionScanner& scanner, std::unique_lock<std::mutex>& lock);
     void startHelpers();
 
     const ByteSource& source_;
@@ -77,6 +87,7 @@ class FieldSkimmer {
     std::array<Found, kAhead> found_;
     std::uint64_t first_ = 0;  ///< region that is still asked for
     std::uint64_t next_ = 0;   ///< region that nobody has taken yet
+    std::size_t here_ = 0;     ///< helpers that have begun
     bool stop_ = false;
     std::vector<std::thread> helpers_;
 };

@@ -104,6 +104,7 @@ int runApplication(int argc, char** argv)
 #endif
 #ifdef __GLIBC__
     mallopt(M_MMAP_THRESHOLD, 64 * 1024);  // what a decoded image took goes back to the system with it
+    mallopt(M_ARENA_MAX, 1);               // the few threads need no memory of their own set aside for each
 #endif
     const Drives drives = Drives::ofUser();
     // The first page is read while the toolkit starts.

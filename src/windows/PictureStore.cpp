@@ -15,7 +15,7 @@ namespace karvel {
 namespace {
 
 constexpr qsizetype kPageKilobytes = 8 * 1024;    // decoded: a page of any form, until it has been scaled
-constexpr qsizetype kDecodedKilobytes = 1024;     // afterwards: what the display line shows
+constexpr qsizetype kDecodedKilobytes = 256;      // afterwards: what the display line shows
 constexpr qsizetype kScaledKilobytes = 8 * 1024;  // every page at the size of a usual screen
 constexpr qsizetype kMostKilobytes = 40 * 1024;
 

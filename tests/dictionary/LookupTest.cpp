@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "dictionary/EntryCount.hpp"
@@ -144,6 +145,26 @@ TEST_F(LongFile, IsSearchedWithoutMissingAMatch)
             EXPECT_EQ(reader.last(), entries.back());
         }
     }
+}
+
+TEST_F(LongFile, TellsHowFarASearchHasComeAndLetsItBeStopped)
+{
+    std::string file;
+    for (const DictionaryEntry& entry : entries) {
+        file += testing::record(entry.signs, entry.translation, entry.transliteration, entry.note);
+    }
+    std::vector<std::uint64_t> told;
+    auto watched = std::make_unique<WatchedSource>(std::make_unique<TextSource>(file),
+                                                   [&told](std::uint64_t done, std::uint64_t /*all*/) {
+                                                       told.push_back(done);
+                                                       return told.size() < 5;
+                                                   });
+    RecordReader reader(std::move(watched), 4096, {.least = 0, .region = 1024, .helpers = 1});
+    Lookup lookup(reader, MatchRule(3, "zz9"));
+    EXPECT_THROW((void)lookup.next(), ReadingStopped);
+    EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+    EXPECT_GT(told.back(), 100'000U);
+    EXPECT_LT(told.back(), file.size());
 }
 
 TEST(RecordReader, TellsTheEndFromACut)

@@ -9,12 +9,12 @@
 #include <random>
 #include <string>
 
-#include "base/CodePage.hpp"
-#include "base/Drives.hpp"
-#include "base/FieldReader.hpp"
-#include "base/HostFile.hpp"
 #include "dictionary/Lookup.hpp"
 #include "dictionary/RecordReader.hpp"
+#include "files/Drives.hpp"
+#include "files/HostFile.hpp"
+#include "text/CodePage.hpp"
+#include "text/FieldReader.hpp"
 
 namespace {
 

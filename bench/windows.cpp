@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "windows/ItalianWindow.hpp"
-#include "windows/Theme.hpp"
 #include "windows/support/Stage.hpp"
+#include "windows/support/Theme.hpp"
 
 using namespace karvel;
 using namespace karvel::testing;

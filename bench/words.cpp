@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "base/HostFile.hpp"
 #include "base/SignCode.hpp"
 #include "dictionary/Lookup.hpp"
 #include "dictionary/WordSplitter.hpp"
-#include "editing/ItalianSearch.hpp"
+#include "files/HostFile.hpp"
+#include "words/ItalianSearch.hpp"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <unordered_set>
 #include <vector>
 
-#include "base/CodePage.hpp"
-#include "base/HostFile.hpp"
 #include "base/WindowsHeader.hpp"
+#include "files/HostFile.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

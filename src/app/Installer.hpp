@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "base/Drives.hpp"
+#include "files/Drives.hpp"
 
 namespace karvel {
 

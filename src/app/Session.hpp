@@ -6,7 +6,6 @@
 
 #include "app/ModeSwitch.hpp"
 #include "app/WindowOpener.hpp"
-#include "base/FileSystem.hpp"
 #include "base/Pictures.hpp"
 #include "base/UserInterface.hpp"
 #include "compose/DisplayLine.hpp"
@@ -16,11 +15,12 @@
 #include "dictionary/SearchModes.hpp"
 #include "dictionary/TranslationLookup.hpp"
 #include "dictionary/WordSplitter.hpp"
-#include "editing/DictionaryInsertion.hpp"
-#include "editing/ItalianSearch.hpp"
 #include "favourites/FavouritesStrip.hpp"
+#include "files/FileSystem.hpp"
 #include "settings/Colours.hpp"
 #include "settings/GlyphDirectoryChooser.hpp"
+#include "words/DictionaryInsertion.hpp"
+#include "words/ItalianSearch.hpp"
 
 namespace karvel {
 

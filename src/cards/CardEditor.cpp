@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "base/CodePage.hpp"
 #include "base/SignCode.hpp"
 #include "cards/CardName.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "base/CodePage.hpp"
-#include "base/FieldWriter.hpp"
 #include "cards/CardName.hpp"
+#include "text/CodePage.hpp"
+#include "text/FieldWriter.hpp"
 
 namespace karvel {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "base/CodePage.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

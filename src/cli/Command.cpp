@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "base/SignCode.hpp"
-#include "compose/SignRepertoire.hpp"
+#include "text/PhraseText.hpp"
 
 namespace karvel::cli {
 

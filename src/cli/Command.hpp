@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "base/FileSystem.hpp"
+#include "files/FileSystem.hpp"
 
 namespace karvel::cli {
 

@@ -2,11 +2,11 @@
 #include <filesystem>
 
 #include "app/Installer.hpp"
-#include "base/FileSystem.hpp"
 #include "cli/Command.hpp"
 #include "cli/Output.hpp"
 #include "dictionary/DictionaryEntry.hpp"
 #include "dictionary/Verification.hpp"
+#include "files/FileSystem.hpp"
 
 namespace karvel::cli {
 

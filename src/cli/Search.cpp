@@ -3,10 +3,10 @@
 #include <optional>
 #include <utility>
 
-#include "base/CodePage.hpp"
 #include "cli/Matches.hpp"
 #include "dictionary/Lookup.hpp"
 #include "dictionary/TranslationLookup.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel::cli {
 

@@ -1,15 +1,15 @@
 #include <cstdio>
 #include <utility>
 
-#include "base/CodePage.hpp"
 #include "cli/Command.hpp"
 #include "cli/Matches.hpp"
 #include "cli/Output.hpp"
 #include "dictionary/TranslationLookup.hpp"
 #include "dictionary/WordSplitter.hpp"
-#include "editing/DictionaryInsertion.hpp"
-#include "editing/ItalianSearch.hpp"
-#include "editing/NameTranscription.hpp"
+#include "text/CodePage.hpp"
+#include "words/DictionaryInsertion.hpp"
+#include "words/ItalianSearch.hpp"
+#include "words/NameTranscription.hpp"
 
 namespace karvel::cli {
 

@@ -13,7 +13,7 @@
 
 #include <filesystem>
 
-#include "base/Drives.hpp"
+#include "files/Drives.hpp"
 #endif
 
 namespace {

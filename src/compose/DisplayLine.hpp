@@ -5,12 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "base/FileSystem.hpp"
 #include "base/Pictures.hpp"
 #include "base/SignCode.hpp"
 #include "base/UserInterface.hpp"
 #include "compose/MissingSignMode.hpp"
 #include "compose/SignImages.hpp"
+#include "files/FileSystem.hpp"
 
 namespace karvel {
 

@@ -1,6 +1,6 @@
 #include "compose/Palette.hpp"
 
-#include "base/CodePage.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

@@ -1,6 +1,6 @@
 #include "compose/Paste.hpp"
 
-#include "compose/PhraseText.hpp"
+#include "text/PhraseText.hpp"
 
 namespace karvel {
 

@@ -5,7 +5,7 @@
 #include <tuple>
 #include <utility>
 
-#include "base/CodePage.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

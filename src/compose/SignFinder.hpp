@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "compose/SignRepertoire.hpp"
+#include "base/SignRepertoire.hpp"
 
 namespace karvel {
 

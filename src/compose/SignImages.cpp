@@ -1,6 +1,6 @@
 #include "compose/SignImages.hpp"
 
-#include "base/CodePage.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/FileSystem.hpp"
+#include "files/FileSystem.hpp"
 
 namespace karvel {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "base/CodePage.hpp"
-#include "base/FieldWriter.hpp"
 #include "base/SignCode.hpp"
 #include "compose/DisplayLine.hpp"
+#include "text/CodePage.hpp"
+#include "text/FieldWriter.hpp"
 
 namespace karvel {
 

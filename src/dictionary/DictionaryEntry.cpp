@@ -1,6 +1,6 @@
 #include "dictionary/DictionaryEntry.hpp"
 
-#include "base/CodePage.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

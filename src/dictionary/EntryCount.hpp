@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "base/FieldReader.hpp"
+#include "text/FieldReader.hpp"
 
 namespace karvel {
 

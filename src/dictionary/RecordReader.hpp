@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "base/FieldReader.hpp"
-#include "base/FieldSkimmer.hpp"
 #include "dictionary/DictionaryEntry.hpp"
+#include "text/FieldReader.hpp"
+#include "text/FieldSkimmer.hpp"
 
 namespace karvel {
 

@@ -1,7 +1,7 @@
 #include "dictionary/SearchModes.hpp"
 
-#include "base/FieldReader.hpp"
-#include "base/FieldWriter.hpp"
+#include "text/FieldReader.hpp"
+#include "text/FieldWriter.hpp"
 
 namespace karvel {
 

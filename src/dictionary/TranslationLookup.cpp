@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "base/CodePage.hpp"
 #include "dictionary/Lookup.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

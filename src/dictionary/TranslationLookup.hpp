@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "base/FileSystem.hpp"
 #include "base/UserInterface.hpp"
 #include "dictionary/DictionaryEntry.hpp"
+#include "files/FileSystem.hpp"
 
 namespace karvel {
 

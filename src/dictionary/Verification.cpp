@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/CodePage.hpp"
 #include "base/SignCode.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

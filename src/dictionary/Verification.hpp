@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "base/FieldReader.hpp"
+#include "text/FieldReader.hpp"
 
 namespace karvel {
 

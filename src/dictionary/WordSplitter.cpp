@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "base/CodePage.hpp"
 #include "base/SignCode.hpp"
 #include "dictionary/Lookup.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

@@ -5,11 +5,11 @@
 #include <string_view>
 #include <vector>
 
-#include "base/FileSystem.hpp"
 #include "base/UserInterface.hpp"
 #include "dictionary/DictionaryEntry.hpp"
 #include "dictionary/RecordReader.hpp"
 #include "dictionary/TranslationLookup.hpp"
+#include "files/FileSystem.hpp"
 
 namespace karvel {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "base/CodePage.hpp"
-#include "base/FieldWriter.hpp"
+#include "text/CodePage.hpp"
+#include "text/FieldWriter.hpp"
 
 namespace karvel {
 

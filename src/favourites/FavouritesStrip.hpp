@@ -6,11 +6,11 @@
 #include <string>
 #include <string_view>
 
-#include "base/FileSystem.hpp"
 #include "base/UserInterface.hpp"
 #include "compose/DisplayLine.hpp"
 #include "compose/Palette.hpp"
 #include "compose/SignImages.hpp"
+#include "files/FileSystem.hpp"
 
 namespace karvel {
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "base/FieldWriter.hpp"
+#include "text/FieldWriter.hpp"
 
 namespace karvel {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "base/Drives.hpp"
+#include "files/Drives.hpp"
 
 namespace karvel {
 

@@ -1,7 +1,7 @@
 #include "settings/GlyphDirectoryChooser.hpp"
 
-#include "base/CodePage.hpp"
-#include "base/FieldWriter.hpp"
+#include "text/CodePage.hpp"
+#include "text/FieldWriter.hpp"
 
 namespace karvel {
 

@@ -4,11 +4,11 @@
 #include <string_view>
 #include <vector>
 
-#include "base/FileSystem.hpp"
 #include "base/UserInterface.hpp"
 #include "compose/DisplayLine.hpp"
 #include "compose/Palette.hpp"
 #include "compose/SignImages.hpp"
+#include "files/FileSystem.hpp"
 
 namespace karvel {
 

@@ -7,10 +7,10 @@
 #include <filesystem>
 #include <system_error>
 
-#include "base/CodePage.hpp"
-#include "base/Drives.hpp"
 #include "base/RuntimeError.hpp"
+#include "files/Drives.hpp"
 #include "settings/Registry.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

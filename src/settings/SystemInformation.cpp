@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-#include "base/CodePage.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 

@@ -10,9 +10,9 @@
 
 #include "Version.hpp"
 #include "settings/SystemInformation.hpp"
-#include "windows/Desktop.hpp"
-#include "windows/PictureBox.hpp"
-#include "windows/Resources.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/PictureBox.hpp"
+#include "windows/support/Resources.hpp"
 
 namespace karvel {
 

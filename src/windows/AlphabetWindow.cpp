@@ -6,12 +6,12 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "compose/SignRepertoire.hpp"
-#include "editing/NameTranscription.hpp"
-#include "windows/Desktop.hpp"
-#include "windows/PhraseStrip.hpp"
-#include "windows/SignSheet.hpp"
-#include "windows/Text.hpp"
+#include "base/SignRepertoire.hpp"
+#include "windows/signs/PhraseStrip.hpp"
+#include "windows/signs/SignSheet.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
+#include "words/NameTranscription.hpp"
 
 namespace karvel {
 

@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "windows/Theme.hpp"
+#include "windows/support/Theme.hpp"
 
 namespace karvel {
 

@@ -5,9 +5,9 @@
 #include <QLabel>
 
 #include "windows/ColourButton.hpp"
-#include "windows/Desktop.hpp"
-#include "windows/Theme.hpp"
-#include "windows/WindowSet.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Theme.hpp"
+#include "windows/support/WindowSet.hpp"
 
 namespace karvel {
 

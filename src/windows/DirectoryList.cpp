@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <QStyle>
 
-#include "windows/Text.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel {
 

@@ -3,7 +3,7 @@
 #include <QFileDialog>
 
 #include "app/Session.hpp"
-#include "windows/Text.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel {
 

@@ -13,13 +13,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/CodePage.hpp"
-#include "compose/SignRepertoire.hpp"
-#include "windows/Desktop.hpp"
-#include "windows/SignButton.hpp"
-#include "windows/SquareGrid.hpp"
-#include "windows/Text.hpp"
-#include "windows/Theme.hpp"
+#include "base/SignRepertoire.hpp"
+#include "text/CodePage.hpp"
+#include "windows/signs/SignButton.hpp"
+#include "windows/signs/SquareGrid.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
+#include "windows/support/Theme.hpp"
 
 namespace karvel {
 

@@ -15,8 +15,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "windows/Desktop.hpp"
-#include "windows/Resources.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Resources.hpp"
 
 namespace karvel {
 

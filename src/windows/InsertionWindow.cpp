@@ -7,9 +7,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "windows/Desktop.hpp"
-#include "windows/PhraseStrip.hpp"
-#include "windows/Text.hpp"
+#include "windows/signs/PhraseStrip.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel {
 

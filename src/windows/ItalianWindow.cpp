@@ -6,9 +6,9 @@
 #include <QLocale>
 #include <QPushButton>
 
-#include "windows/Desktop.hpp"
-#include "windows/Text.hpp"
 #include "windows/WordBox.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel {
 

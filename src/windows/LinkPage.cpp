@@ -6,7 +6,7 @@
 #include <QUrl>
 
 #include "app/Session.hpp"
-#include "windows/Text.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel {
 

@@ -10,9 +10,9 @@
 #include <algorithm>
 
 #include "base/SignCode.hpp"
-#include "windows/Desktop.hpp"
-#include "windows/MagnifiedPhrase.hpp"
-#include "windows/Theme.hpp"
+#include "windows/signs/MagnifiedPhrase.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Theme.hpp"
 
 namespace karvel {
 

@@ -5,10 +5,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "compose/SignRepertoire.hpp"
-#include "windows/Desktop.hpp"
-#include "windows/SignSheet.hpp"
-#include "windows/Text.hpp"
+#include "base/SignRepertoire.hpp"
+#include "windows/signs/SignSheet.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel {
 

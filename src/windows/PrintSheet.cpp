@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "base/RuntimeError.hpp"
-#include "windows/Text.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel {
 

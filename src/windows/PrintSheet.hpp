@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "print/PrintPage.hpp"
-#include "windows/PictureStore.hpp"
+#include "windows/signs/PictureStore.hpp"
 
 class QPainter;
 class QPrinter;

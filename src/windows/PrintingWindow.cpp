@@ -11,11 +11,11 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 
-#include "windows/Desktop.hpp"
 #include "windows/PrintSheet.hpp"
 #include "windows/SheetPreview.hpp"
-#include "windows/Text.hpp"
-#include "windows/WindowSet.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
+#include "windows/support/WindowSet.hpp"
 
 namespace karvel {
 

@@ -7,7 +7,7 @@
 
 #include "print/PrintWindow.hpp"
 #include "windows/PrintSheet.hpp"
-#include "windows/Text.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel {
 

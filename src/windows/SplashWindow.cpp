@@ -8,9 +8,9 @@
 #include <QVBoxLayout>
 
 #include "Version.hpp"
-#include "windows/Desktop.hpp"
-#include "windows/PictureBox.hpp"
-#include "windows/Resources.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/PictureBox.hpp"
+#include "windows/support/Resources.hpp"
 
 namespace karvel {
 

@@ -5,8 +5,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "windows/Desktop.hpp"
-#include "windows/Text.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel {
 

@@ -8,11 +8,11 @@
 #include <QVBoxLayout>
 #include <vector>
 
-#include "compose/PhraseText.hpp"
-#include "compose/SignRepertoire.hpp"
+#include "base/SignRepertoire.hpp"
 #include "dictionary/Lookup.hpp"
-#include "windows/Desktop.hpp"
-#include "windows/Text.hpp"
+#include "text/PhraseText.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel {
 

@@ -8,8 +8,8 @@
 #include <QStringListModel>
 #include <QWheelEvent>
 
-#include "base/CodePage.hpp"
-#include "windows/Text.hpp"
+#include "text/CodePage.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel {
 

@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "base/SignRepertoire.hpp"
 #include "compose/Composer.hpp"
-#include "compose/SignRepertoire.hpp"
+#include "text/PhraseText.hpp"
 
 namespace karvel {
 namespace {

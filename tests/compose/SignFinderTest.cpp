@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "compose/PhraseText.hpp"
+#include "text/PhraseText.hpp"
 
 namespace karvel {
 namespace {

@@ -6,10 +6,10 @@
 #include <random>
 
 #include "app/Session.hpp"
-#include "base/CodePage.hpp"
 #include "compose/UndoFile.hpp"
 #include "support/ScriptedUi.hpp"
 #include "support/TemporaryDrive.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 namespace {

@@ -3,10 +3,10 @@
 #include <set>
 
 #include "app/Installer.hpp"
-#include "base/CodePage.hpp"
 #include "dictionary/Verification.hpp"
 #include "faults/Office.hpp"
 #include "support/Child.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 namespace {

@@ -9,11 +9,11 @@
 #include <set>
 #include <thread>
 
-#include "base/CodePage.hpp"
 #include "base/SignCode.hpp"
 #include "dictionary/Verification.hpp"
-#include "editing/DictionaryInsertion.hpp"
 #include "faults/Office.hpp"
+#include "text/CodePage.hpp"
+#include "words/DictionaryInsertion.hpp"
 
 namespace karvel {
 namespace {

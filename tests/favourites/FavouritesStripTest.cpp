@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "app/Session.hpp"
-#include "base/FieldWriter.hpp"
 #include "support/ScriptedUi.hpp"
 #include "support/TemporaryDrive.hpp"
+#include "text/FieldWriter.hpp"
 
 namespace karvel {
 namespace {
@@ -274,7 +274,8 @@ TEST_F(FavouritesStripTest, SavesNineLinesAndLoadsEight)
     strip.save("C:\\programmi\\Karvel\\prefe\\mie");
     std::string second = "C:\\programmi\\Karvel\\prefe\\mie.prf";  // gets a second ending
 #if !defined(_WIN32)
-    second = utf8Path(drive.host(second));  // the host's own path; on Windows it has a drive letter like any other
+    second =
+        utf8Path(drive.host(second));  // the host's own path; on Windows it has a drive letter like any other
 #endif
     strip.save(second);
     const std::string expected = page({"a01", "a02", "a03", "a04", "a05", "a06", "a07", "a08", ""});

@@ -12,9 +12,9 @@
 
 #include "Target.hpp"
 #include "app/WindowOpener.hpp"
-#include "base/FileSystem.hpp"
 #include "base/Pictures.hpp"
 #include "base/UserInterface.hpp"
+#include "files/FileSystem.hpp"
 #include "support/FieldModel.hpp"
 
 namespace karvel::fuzz {

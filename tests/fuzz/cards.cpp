@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "Composing.hpp"
-#include "base/CodePage.hpp"
 #include "cards/CardEditor.hpp"
 #include "cards/CardName.hpp"
+#include "text/CodePage.hpp"
 
 using namespace karvel;
 using fuzz::errorOf;

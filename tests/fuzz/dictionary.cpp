@@ -6,13 +6,13 @@
 #include <vector>
 
 #include "Target.hpp"
-#include "base/CodePage.hpp"
 #include "dictionary/EntryCount.hpp"
 #include "dictionary/Lookup.hpp"
 #include "dictionary/Verification.hpp"
 #include "dictionary/WordSplitter.hpp"
-#include "editing/ItalianSearch.hpp"
 #include "support/FieldModel.hpp"
+#include "text/CodePage.hpp"
+#include "words/ItalianSearch.hpp"
 
 using namespace karvel;
 using fuzz::require;

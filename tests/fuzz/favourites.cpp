@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "Composing.hpp"
-#include "base/CodePage.hpp"
 #include "favourites/FavouritesStrip.hpp"
+#include "text/CodePage.hpp"
 
 using namespace karvel;
 using fuzz::errorOf;

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Target.hpp"
-#include "base/GifImage.hpp"
+#include "windows/signs/GifImage.hpp"
 
 using namespace karvel;
 using fuzz::require;

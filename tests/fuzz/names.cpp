@@ -3,10 +3,10 @@
 #include <array>
 
 #include "Target.hpp"
-#include "base/CodePage.hpp"
 #include "base/SignCode.hpp"
-#include "compose/PhraseText.hpp"
-#include "editing/NameTranscription.hpp"
+#include "text/CodePage.hpp"
+#include "text/PhraseText.hpp"
+#include "words/NameTranscription.hpp"
 
 using namespace karvel;
 using fuzz::require;

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "Drive.hpp"
-#include "base/CodePage.hpp"
+#include "text/CodePage.hpp"
 
 using namespace karvel;
 using fuzz::require;

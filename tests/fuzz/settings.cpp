@@ -3,9 +3,9 @@
 #include <limits>
 
 #include "Composing.hpp"
-#include "base/CodePage.hpp"
 #include "settings/Colours.hpp"
 #include "settings/GlyphDirectoryChooser.hpp"
+#include "text/CodePage.hpp"
 
 using namespace karvel;
 using fuzz::errorOf;

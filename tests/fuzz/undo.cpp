@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "Composing.hpp"
-#include "base/CodePage.hpp"
 #include "compose/UndoFile.hpp"
+#include "text/CodePage.hpp"
 
 using namespace karvel;
 using fuzz::errorOf;

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/FieldReader.hpp"
+#include "text/FieldReader.hpp"
 
 namespace karvel::testing {
 

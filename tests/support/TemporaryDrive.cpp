@@ -4,9 +4,9 @@
 #include <fstream>
 #include <iterator>
 
-#include "base/CodePage.hpp"
-#include "base/FieldWriter.hpp"
-#include "base/HostFile.hpp"
+#include "files/HostFile.hpp"
+#include "text/CodePage.hpp"
+#include "text/FieldWriter.hpp"
 
 namespace karvel::testing {
 

@@ -4,7 +4,7 @@
 
 #include "windows/ColourButton.hpp"
 #include "windows/ColourWindow.hpp"
-#include "windows/SignCell.hpp"
+#include "windows/signs/SignCell.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;

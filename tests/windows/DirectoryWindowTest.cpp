@@ -6,8 +6,8 @@
 #include <semaphore>
 
 #include "windows/DirectoryWindow.hpp"
-#include "windows/SignButton.hpp"
-#include "windows/SignCell.hpp"
+#include "windows/signs/SignButton.hpp"
+#include "windows/signs/SignCell.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;

@@ -1,7 +1,7 @@
 #include <QFileDialog>
 #include <QLabel>
 
-#include "windows/SignButton.hpp"
+#include "windows/signs/SignButton.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;

@@ -2,8 +2,8 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 
-#include "windows/SignButton.hpp"
-#include "windows/SignCell.hpp"
+#include "windows/signs/SignButton.hpp"
+#include "windows/signs/SignCell.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;

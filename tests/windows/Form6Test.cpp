@@ -5,9 +5,9 @@
 #include <QPointer>
 #include <QTabBar>
 
-#include "windows/SignButton.hpp"
-#include "windows/Theme.hpp"
+#include "windows/signs/SignButton.hpp"
 #include "windows/support/Stage.hpp"
+#include "windows/support/Theme.hpp"
 
 using namespace karvel;
 using namespace karvel::testing;

@@ -1,7 +1,7 @@
 #include <QLineEdit>
 
 #include "windows/InsertionWindow.hpp"
-#include "windows/PhraseStrip.hpp"
+#include "windows/signs/PhraseStrip.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;

@@ -3,8 +3,8 @@
 #include <QLineEdit>
 
 #include "windows/ItalianWindow.hpp"
-#include "windows/SignCell.hpp"
 #include "windows/WordBox.hpp"
+#include "windows/signs/SignCell.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;

@@ -5,9 +5,9 @@
 #include <QMimeData>
 #include <QTableWidget>
 
-#include "windows/SignButton.hpp"
-#include "windows/SignCell.hpp"
-#include "windows/SignMenu.hpp"
+#include "windows/signs/SignButton.hpp"
+#include "windows/signs/SignCell.hpp"
+#include "windows/signs/SignMenu.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;

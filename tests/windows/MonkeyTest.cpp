@@ -9,9 +9,9 @@
 #include <set>
 
 #include "base/SignCode.hpp"
-#include "windows/Resources.hpp"
-#include "windows/Theme.hpp"
 #include "windows/monkey/Monkey.hpp"
+#include "windows/support/Resources.hpp"
+#include "windows/support/Theme.hpp"
 
 using namespace karvel;
 using namespace karvel::testing;

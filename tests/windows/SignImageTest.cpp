@@ -1,4 +1,4 @@
-#include "windows/SignImage.hpp"
+#include "windows/signs/SignImage.hpp"
 
 #include <QBuffer>
 #include <QDirIterator>
@@ -9,7 +9,7 @@
 #include <random>
 
 #include "support/TemporaryDrive.hpp"
-#include "windows/PictureStore.hpp"
+#include "windows/signs/PictureStore.hpp"
 
 using namespace karvel;
 using namespace karvel::testing;

@@ -7,10 +7,10 @@
 
 #include "Version.hpp"
 #include "windows/AboutWindow.hpp"
-#include "windows/MagnifiedPhrase.hpp"
 #include "windows/MagnifierWindow.hpp"
-#include "windows/Resources.hpp"
 #include "windows/SplashWindow.hpp"
+#include "windows/signs/MagnifiedPhrase.hpp"
+#include "windows/support/Resources.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;

@@ -7,9 +7,9 @@
 
 #include "windows/AlphabetWindow.hpp"
 #include "windows/NumeralsWindow.hpp"
-#include "windows/SignCell.hpp"
-#include "windows/SignSheet.hpp"
 #include "windows/TranslatedWordsWindow.hpp"
+#include "windows/signs/SignCell.hpp"
+#include "windows/signs/SignSheet.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;

@@ -19,10 +19,10 @@
 #include "windows/NumeralsWindow.hpp"
 #include "windows/PrintingWindow.hpp"
 #include "windows/SplashWindow.hpp"
-#include "windows/Theme.hpp"
 #include "windows/TranslatedWordsWindow.hpp"
 #include "windows/UsedIn.hpp"
 #include "windows/support/Stage.hpp"
+#include "windows/support/Theme.hpp"
 
 using namespace karvel;
 using namespace karvel::testing;

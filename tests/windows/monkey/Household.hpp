@@ -8,12 +8,12 @@
 
 #include "app/Session.hpp"
 #include "support/TemporaryDrive.hpp"
-#include "windows/Desktop.hpp"
-#include "windows/Form1.hpp"
-#include "windows/PictureStore.hpp"
-#include "windows/Prompt.hpp"
-#include "windows/SignMenu.hpp"
-#include "windows/WindowSet.hpp"
+#include "windows/main/Form1.hpp"
+#include "windows/signs/PictureStore.hpp"
+#include "windows/signs/SignMenu.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Prompt.hpp"
+#include "windows/support/WindowSet.hpp"
 
 namespace karvel::testing {
 

@@ -10,7 +10,7 @@
 
 #include "windows/DirectoryReader.hpp"
 #include "windows/ItalianWindow.hpp"
-#include "windows/Text.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel::testing {
 

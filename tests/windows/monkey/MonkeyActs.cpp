@@ -14,9 +14,9 @@
 #include <tuple>
 
 #include "windows/SheetPreview.hpp"
-#include "windows/SignCell.hpp"
-#include "windows/Text.hpp"
 #include "windows/monkey/Monkey.hpp"
+#include "windows/signs/SignCell.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel::testing {
 

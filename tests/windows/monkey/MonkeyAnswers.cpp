@@ -7,8 +7,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 
-#include "windows/Text.hpp"
 #include "windows/monkey/Monkey.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel::testing {
 

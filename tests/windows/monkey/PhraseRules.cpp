@@ -3,10 +3,10 @@
 #include <QAction>
 #include <algorithm>
 
-#include "windows/MagnifiedPhrase.hpp"
-#include "windows/PhraseStrip.hpp"
-#include "windows/SignCell.hpp"
-#include "windows/Text.hpp"
+#include "windows/signs/MagnifiedPhrase.hpp"
+#include "windows/signs/PhraseStrip.hpp"
+#include "windows/signs/SignCell.hpp"
+#include "windows/support/Text.hpp"
 
 namespace karvel::testing {
 

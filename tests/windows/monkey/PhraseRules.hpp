@@ -3,7 +3,7 @@
 #include <string>
 
 #include "app/Session.hpp"
-#include "windows/Form1.hpp"
+#include "windows/main/Form1.hpp"
 
 namespace karvel::testing {
 

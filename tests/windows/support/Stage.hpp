@@ -14,13 +14,13 @@
 
 #include "app/StartUp.hpp"
 #include "support/TemporaryDrive.hpp"
-#include "windows/Desktop.hpp"
-#include "windows/Form1.hpp"
-#include "windows/PictureStore.hpp"
-#include "windows/Prompt.hpp"
-#include "windows/Text.hpp"
-#include "windows/WindowSet.hpp"
+#include "windows/main/Form1.hpp"
+#include "windows/signs/PictureStore.hpp"
+#include "windows/support/Desktop.hpp"
 #include "windows/support/LentImages.hpp"
+#include "windows/support/Prompt.hpp"
+#include "windows/support/Text.hpp"
+#include "windows/support/WindowSet.hpp"
 
 namespace karvel::testing {
 

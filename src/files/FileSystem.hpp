@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "files/Drives.hpp"
+#include "text/FieldReader.hpp"
+
+namespace karvel {
+
+/// Whether a replaced file must survive a power cut, or just the program's own end.
+enum class Durability { Disk, Process };
+
+/// What an append does with blank lines at the end of the file. In a file of records they are no record
+/// there, but would be read as empty fields once something follows them.
+enum class BlankTail { Keep, WriteOver };
+
+/// The files of the system, by their paths in the system's own form (or the host's). Contents are bytes of
+/// the code page. All functions throw RuntimeError: 53 file missing, 76 directory missing, 70 not allowed,
+/// 75 no plain file, 61 disk full, 57 device failure, 52 impossible name.
+class FileSystem {
+  public:
+    explicit FileSystem(Drives drives) : drives_(std::move(drives)) {}
+
+    [[nodiscard]] const Drives& drives() const { return drives_; }
+
+    /// Opens `path` for reading from its start.
+    [[nodiscard]] std::unique_ptr<ByteSource> open(std::string_view path) const;
+
+    /// All bytes of `path`. Throws RuntimeError 6 when there are more than `limit`.
+    [[nodiscard]] std::string readAll(std::string_view path, std::size_t limit = std::size_t{1} << 26) const;
+
+    /// True when a plain file is at `path`.
+    [[nodiscard]] bool exists(std::string_view path) const;
+
+    /// Makes `bytes` the whole content of `path`, created when missing. On failure the file is as it was.
+    void replace(std::string_view path, std::string_view bytes,
+                 Durability durability = Durability::Disk) const;
+
+    /// Adds `bytes` at the end of `path` in one write, created when missing; a line end first where the file
+    /// lacks its last one. Other programs that append the same way wait for each other. On failure the file
+    /// is as it was.
+    void append(std::string_view path, std::string_view bytes, BlankTail tail = BlankTail::Keep) const;
+
+    /// Deletes `path`.
+    void remove(std::string_view path) const;
+
+  private:
+    Drives drives_;
+};
+
+}  // namespace karvel

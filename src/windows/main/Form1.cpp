@@ -1,0 +1,228 @@
+#include "windows/main/Form1.hpp"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QLabel>
+#include <QLayout>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QToolButton>
+#include <algorithm>
+#include <cstdlib>
+#include <numeric>
+
+#include "app/Views.hpp"
+#include "base/SignRepertoire.hpp"
+#include "windows/InsertionWindow.hpp"
+#include "windows/TranslatedWordsWindow.hpp"
+#include "windows/main/Keyboard.hpp"
+#include "windows/main/PageBox.hpp"
+#include "windows/signs/SignButton.hpp"
+#include "windows/signs/SignCell.hpp"
+#include "windows/signs/SquareGrid.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Icons.hpp"
+#include "windows/support/Text.hpp"
+#include "windows/support/Theme.hpp"
+#include "windows/support/WindowSet.hpp"
+
+namespace karvel {
+
+Form1::Form1(Desktop& desktop, WindowSet& windows) : desktop_(desktop), windows_(windows)
+{
+    setObjectName(QStringLiteral("Form1"));
+    setWindowTitle(QStringLiteral("Karvel - Dizionario geroglifico-italiano"));
+    buildMenus();
+    buildCentre();
+    buildStatusBar();
+    placeOnScreen();
+    keyboard_ = std::make_unique<Keyboard>(desktop_, *this, *find_);
+    connect(&desktop_, &Desktop::changed, this, &Form1::showState);
+    tasto_[0]->setFocus();
+}
+
+Form1::~Form1() = default;
+
+void Form1::closeEvent(QCloseEvent* event)
+{
+    if (!leaving_ && !confirmClose(desktop_.session().ui())) {
+        event->ignore();
+        return;
+    }
+    leaving_ = true;
+    event->accept();
+    QApplication::quit();
+}
+
+/// The system has changed its theme: its contrast may go before the user's colours now, or no longer.
+bool Form1::event(QEvent* event)
+{
+    const bool known = QMainWindow::event(event);
+    if (event->type() == QEvent::ApplicationPaletteChange && keyboard_) {
+        shownWindow_ = 0;
+        emit desktop_.changed();
+    }
+    return known;
+}
+
+void Form1::leave()
+{
+    if (confirmExit(desktop_.session().ui())) {
+        leaving_ = true;  // asked once is enough: the close box's question is left out
+        close();
+    }
+}
+
+void Form1::insertInDictionary()
+{
+    Session& session = desktop_.session();
+    if (session.dictionaryInsertion().mayOpen(session.display().DisplayCodes())) {
+        windows_.open<Inserimento>();
+    }
+}
+
+void Form1::showTranslatedWords()
+{
+    if (desktop_.session().translatedWords().mayBeShown(desktop_.session().ui())) {
+        windows_.open<Form4>();
+    }
+}
+
+void Form1::showState()
+{
+    showColours();
+    showModes();
+    showDisplay();
+    showPalette();
+    showFavourites();
+    Session& session = desktop_.session();
+    panels_[0]->setText(qtext(session.termsPanel));
+    panels_[1]->setText(QStringLiteral("Segni: %1").arg(session.display().signs()));
+    panels_[2]->setText(qtext(session.palette().codePanel()));
+}
+
+void Form1::showProgress(int percent)
+{
+    if (percent < 0) {
+        statusBar()->clearMessage();
+        return;
+    }
+    statusBar()->showMessage(QStringLiteral("Lettura del dizionario: %1%  (Esc interrompe)").arg(percent));
+}
+
+void Form1::showColours()
+{
+    const QColor window = colour(desktop_.session().colours().window);
+    const QColor display = colour(desktop_.session().colours().display);
+    if (shownWindow_ == window.rgba() && shownDisplay_ == display.rgba()) {
+        return;
+    }
+    shownWindow_ = window.rgba();
+    shownDisplay_ = display.rgba();
+    setPalette(paletteFor(window));
+    QPalette cells = paletteFor(display);
+    picture1_->setPalette(cells);
+    QPalette action = paletteFor(window);
+    const QColor accent = strongContrast() ? action.color(QPalette::Highlight) : kAccent;
+    action.setColor(QPalette::Button, accent);
+    action.setColor(QPalette::ButtonText, inkOn(accent));
+    command12_->setPalette(action);
+    showIcons();
+}
+
+void Form1::showIcons()
+{
+    const QColor ink = palette().color(QPalette::ButtonText);
+    const std::pair<const char*, Symbol> symbols[] = {{"CSX", Symbol::Left},
+                                                      {"CDX", Symbol::Right},
+                                                      {"Command1", Symbol::Start},
+                                                      {"Command3", Symbol::End},
+                                                      {"Command4", Symbol::DeleteSign},
+                                                      {"Command8", Symbol::ClearAll},
+                                                      {"Command7", Symbol::Magnify},
+                                                      {"Command9", Symbol::AddToDictionary},
+                                                      {"Co5", Symbol::Cross}};
+    for (const auto& [name, symbol] : symbols) {
+        findChild<QToolButton*>(QLatin1String(name))->setIcon(symbolIcon(symbol, ink));
+    }
+    command12_->setIcon(symbolIcon(Symbol::Search, command12_->palette().color(QPalette::ButtonText)));
+}
+
+void Form1::showDisplay()
+{
+    const DisplayLine& display = desktop_.session().display();
+    for (std::size_t i = 0; i < vendol_.size(); ++i) {
+        vendol_[i]->setCell(display.cells()[i], display.selected(i));
+    }
+    hint_->setVisible(display.signs() == 0 &&
+                      std::ranges::all_of(display.cells(), &DisplayLine::Cell::blank));
+    csx_->setEnabled(display.cursorEnabled());
+    cdx_->setEnabled(display.cursorEnabled());
+    deleteSign_->setEnabled(display.deleteEnabled());
+}
+
+void Form1::showPalette()
+{
+    const Palette& shown = desktop_.session().palette();
+    for (std::size_t i = 0; i < tasto_.size(); ++i) {
+        tasto_[i]->setSign(shown.picture(i), shown.codeOf(i));
+    }
+    if (prepared_ != desktop_.session().images().path(signCode(shown.CurrentPage(), 0))) {
+        pageTurned_.start();
+    }
+    if (text1_->text() != qtext(shown.pageText())) {
+        text1_->setText(qtext(shown.pageText()));
+    }
+    const auto number = [&shown](std::size_t key) {
+        const SignInfo* const sign = SignRepertoire::standard().byCode(shown.codeOf(key));
+        return sign != nullptr ? qtext(sign->gardiner) : QString();
+    };
+    const QString first = number(0);
+    const QString last = number(kKeys - 1);
+    const bool known = !first.isEmpty() && !last.isEmpty();  // not so when start-up stopped at an image
+    pageRange_->setText(known ? QStringLiteral("Gardiner %1 – %2").arg(first, last) : QString());
+}
+
+void Form1::prepareToShow()
+{
+    layout()->activate();
+    fitDisplayLine();
+    keys_->arrange();
+    std::vector<std::string> pictures;
+    for (const SignButton* const key : tasto_) {
+        pictures.push_back(key->picturePath());
+    }
+    desktop_.pictures().scaleAhead(pictures, tasto_[0]->pictureSide(), devicePixelRatioF());
+}
+
+/// The pages beside this one first: they are the likeliest to be turned to.
+void Form1::preparePages()
+{
+    const int here = desktop_.session().palette().CurrentPage();
+    std::array<int, kPages> pages{};
+    std::iota(pages.begin(), pages.end(), 1);
+    std::ranges::stable_sort(pages, {}, [here](int page) { return std::abs(page - here); });
+    std::vector<std::string> pictures;
+    for (const int page : pages) {
+        for (std::size_t key = 0; key < kKeys; ++key) {
+            pictures.push_back(
+                desktop_.session().images().path(signCode(static_cast<std::size_t>(page), key)));
+        }
+    }
+    prepared_ = pictures.front();
+    desktop_.pictures().prepare(pictures, tasto_[0]->pictureSide(), devicePixelRatioF());
+}
+
+void Form1::showModes()
+{
+    const SearchModes& modes = desktop_.session().modes();
+    for (std::size_t i = 0; i < modeItems_.size(); ++i) {
+        modeItems_[i]->setChecked(modes.ticked(static_cast<Mode>(i + 1)));
+    }
+    label1_->setText(qtext(modes.caption()));
+}
+
+}  // namespace karvel

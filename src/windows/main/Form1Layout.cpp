@@ -1,0 +1,255 @@
+#include <QAbstractButton>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "windows/MagnifierWindow.hpp"
+#include "windows/main/FindSign.hpp"
+#include "windows/main/Form1.hpp"
+#include "windows/main/PageBox.hpp"
+#include "windows/signs/SignButton.hpp"
+#include "windows/signs/SignCell.hpp"
+#include "windows/signs/SquareGrid.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
+#include "windows/support/WindowSet.hpp"
+
+namespace karvel {
+
+namespace {
+
+constexpr int kGap = 8;  // logical pixels between the parts of the window
+
+QLabel* label(const char* name, QWidget* parent)
+{
+    auto* const made = new QLabel(parent);
+    made->setObjectName(QLatin1String(name));
+    made->setTextFormat(Qt::PlainText);
+    return made;
+}
+
+}  // namespace
+
+QToolButton* Form1::button(const char* name, const QString& tooltip, std::function<void()> handler)
+{
+    auto* const made = new QToolButton(centre_);
+    made->setObjectName(QLatin1String(name));
+    made->setToolTip(tooltip);
+    made->setAccessibleName(tooltip);
+    made->setIconSize({24, 24});
+    made->setAutoRaise(false);
+    made->setFocusPolicy(Qt::StrongFocus);
+    made->setEnabled(static_cast<bool>(handler));
+    if (handler) {
+        connect(made, &QToolButton::clicked, this,
+                [this, handler = std::move(handler)] { desktop_.handle(handler); });
+    }
+    return made;
+}
+
+QWidget* Form1::displayLine()
+{
+    DisplayLine& display = desktop_.session().display();
+    picture1_ = new QFrame(centre_);
+    picture1_->setObjectName(QStringLiteral("Picture1"));
+    picture1_->setAccessibleName(QStringLiteral("frase composta"));
+    picture1_->setAutoFillBackground(true);
+    auto* const cells = new SquareGrid(1, picture1_);
+    cells->setObjectName(QStringLiteral("Picture2"));
+    cells->setLargestSide(200);
+    for (std::size_t i = 0; i < vendol_.size(); ++i) {
+        vendol_[i] = new SignCell(desktop_.pictures(), cells);
+        vendol_[i]->setObjectName(element("Vendol", i));
+        cells->add(vendol_[i]);
+        connect(vendol_[i], &QAbstractButton::clicked, this,
+                [this, &display, i] { desktop_.handle([&display, i] { display.clickCell(i); }); });
+    }
+    hint_ = label("hint", picture1_);
+    hint_->setText(
+        QStringLiteral("Premete i segni della tavolozza, oppure scrivete un valore (nfr)\n"
+                       "o una parola (gufo) e premete Invio. Poi premete Cerca."));
+    hint_->setAlignment(Qt::AlignCenter);
+    hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* const framed = new QGridLayout(picture1_);
+    framed->setContentsMargins(kGap, kGap, kGap, kGap);
+    framed->addWidget(cells, 0, 0);
+    framed->addWidget(hint_, 0, 0, Qt::AlignCenter);
+
+    csx_ = button("CSX", QStringLiteral("cursore a sinistra"), [&display] { display.cursorLeft(); });
+    cdx_ = button("CDX", QStringLiteral("cursore a destra"), [&display] { display.cursorRight(); });
+    for (QToolButton* const cursor : {csx_, cdx_}) {
+        cursor->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+        cursor->setAutoRepeat(true);
+    }
+    auto* const line = new QWidget(centre_);
+    auto* const row = new QHBoxLayout(line);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(kGap / 2);
+    row->addWidget(csx_);
+    row->addWidget(picture1_, 1);
+    row->addWidget(cdx_);
+    return line;
+}
+
+QBoxLayout* Form1::displayButtons()
+{
+    Session& session = desktop_.session();
+    DisplayLine& display = session.display();
+    command12_ = new QPushButton(QStringLiteral("Cerca"), centre_);
+    command12_->setObjectName(QStringLiteral("Command12"));
+    command12_->setToolTip(QStringLiteral("traduce i geroglifici del display"));
+    command12_->setAccessibleName(QStringLiteral("cerca nel dizionario"));
+    command12_->setIconSize({24, 24});
+    command12_->setMinimumWidth(150);
+    connect(command12_, &QPushButton::clicked, this,
+            [this, &session] { desktop_.handle([&session] { session.search(); }); });
+
+    deleteSign_ = button("Command4", QStringLiteral("cancella geroglifico selezionato"),
+                         [&display] { display.deleteSelected(); });
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(kGap / 2);
+    row->addWidget(command12_);
+    row->addSpacing(kGap * 2);
+    row->addWidget(
+        button("Command1", QStringLiteral("vai a inizio frase"), [&display] { display.startOfPhrase(); }));
+    row->addWidget(
+        button("Command3", QStringLiteral("vai a fine frase"), [&display] { display.endOfPhrase(); }));
+    row->addSpacing(kGap * 2);
+    row->addWidget(deleteSign_);
+    row->addWidget(
+        button("Command8", QStringLiteral("cancella i geroglifici"), [&display] { display.clearAll(); }));
+    row->addSpacing(kGap * 2);
+    row->addWidget(
+        button("Command7", QStringLiteral("ingrandimento"), [this] { windows_.open<Ingrandimento>(); }));
+    row->addWidget(
+        button("Command9", QStringLiteral("inserisci nel dizionario"), [this] { insertInDictionary(); }));
+    row->addStretch(1);
+    return row;
+}
+
+QBoxLayout* Form1::pageLine()
+{
+    Palette& palette = desktop_.session().palette();
+    text1_ = new PageBox(centre_);
+    text1_->setObjectName(QStringLiteral("Text1"));
+    text1_->setAccessibleName(QStringLiteral("lettera della pagina"));
+    text1_->setToolTip(QStringLiteral("lettera della pagina: scriverla e premere Invio"));
+    text1_->setAlignment(Qt::AlignCenter);
+    text1_->setMaxLength(8);
+    text1_->setFixedWidth(48);
+    hScroll1_ = new QScrollBar(Qt::Horizontal, centre_);
+    hScroll1_->setObjectName(QStringLiteral("HScroll1"));
+    hScroll1_->setAccessibleName(QStringLiteral("pagina della tavolozza"));
+    hScroll1_->setRange(1, static_cast<int>(kPages));
+    hScroll1_->setPageStep(1);
+    hScroll1_->setTracking(false);  // a page is loaded when the thumb is let go, not on the way
+    hScroll1_->setFocusPolicy(Qt::StrongFocus);
+    pageRange_ = label("pageRange", centre_);
+    connect(hScroll1_, &QScrollBar::sliderMoved, this,
+            [this, &palette](int value) { desktop_.handle([&palette, value] { palette.scrolled(value); }); });
+    connect(hScroll1_, &QScrollBar::valueChanged, this,
+            [this, &palette](int value) { desktop_.handle([&palette, value] { palette.changed(value); }); });
+    connect(text1_, &QLineEdit::textEdited, this,
+            [&palette](const QString& typed) { palette.typed(utf8(typed)); });
+    connect(text1_, &PageBox::enterPressed, this, [this, &palette] {
+        desktop_.handle([&] { palette.enterPage(utf8(text1_->text())); });
+        text1_->selectAll();
+    });
+    connect(text1_, &PageBox::keyPressed, this,
+            [this, &palette] { hScroll1_->setValue(palette.CurrentPage()); });
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(kGap);
+    row->addWidget(text1_);
+    row->addWidget(hScroll1_, 1);
+    row->addWidget(pageRange_);
+    find_ = new FindSign(desktop_, *keys_, centre_);
+    connect(find_, &FindSign::finished, command12_, &QPushButton::click);
+    row->addWidget(find_);
+    return row;
+}
+
+void Form1::buildCentre()
+{
+    centre_ = new QWidget(this);
+    centre_->setObjectName(QStringLiteral("centre"));
+    label1_ = label("Label1", centre_);
+    QFont heading = label1_->font();
+    heading.setBold(true);
+    label1_->setFont(heading);
+
+    Palette& palette = desktop_.session().palette();
+    keys_ = new SquareGrid(0, centre_);
+    keys_->setObjectName(QStringLiteral("palette"));
+    keys_->setAccessibleName(QStringLiteral("tavolozza dei segni"));
+    for (std::size_t i = 0; i < tasto_.size(); ++i) {
+        tasto_[i] = new SignButton(desktop_.pictures(), keys_);
+        tasto_[i]->setObjectName(element("tasto", i));
+        keys_->add(tasto_[i]);
+        connect(tasto_[i], &QAbstractButton::clicked, this,
+                [this, &palette, i] { desktop_.handle([&palette, i] { palette.press(i); }); });
+    }
+    pageTurned_.setSingleShot(true);
+    pageTurned_.setInterval(150);  // milliseconds: who leafs on is not waited upon
+    connect(&pageTurned_, &QTimer::timeout, this, &Form1::preparePages);
+
+    auto* const column = new QVBoxLayout(centre_);
+    column->setContentsMargins(kGap + 4, kGap, kGap + 4, kGap);
+    column->setSpacing(kGap);
+    column->addWidget(label1_);
+    column->addWidget(displayLine());
+    column->addLayout(displayButtons());
+    column->addLayout(favouritesStrip());
+    column->addWidget(keys_, 1);
+    column->addLayout(pageLine());
+    setCentralWidget(centre_);
+}
+
+void Form1::buildStatusBar()
+{
+    statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    for (std::size_t i = 0; i < panels_.size(); ++i) {
+        panels_[i] = label("", statusBar());
+        panels_[i]->setObjectName(element("Panel", i + 1));
+        panels_[i]->setMinimumWidth(120);
+        panels_[i]->setIndent(4);
+        statusBar()->addWidget(panels_[i], i == 2 ? 1 : 0);
+    }
+}
+
+/// The display line is as high as its cells are wide, but leaves the palette the larger share.
+void Form1::fitDisplayLine()
+{
+    const int cells = static_cast<int>(vendol_.size());
+    const int side = (width() - 2 * csx_->sizeHint().width() - 8 * kGap) / cells;
+    picture1_->setFixedHeight(std::clamp(side, 40, std::max(40, height() / 5)) + 2 * kGap);
+    centre_->layout()->activate();  // at once, so that no frame shows the line half resized
+}
+
+void Form1::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    fitDisplayLine();
+    pageTurned_.start();
+}
+
+/// Large enough for the signs, and wholly on the screen at first sight.
+void Form1::placeOnScreen()
+{
+    const QRect free = QGuiApplication::primaryScreen()->availableGeometry();
+    constexpr int kFrame = 40;  // for the window manager's title bar
+    const int width = std::min(free.width() - kFrame, std::max(1180, free.width() * 6 / 10));
+    const int height = std::min(free.height() - 2 * kFrame, std::max(690, width * 58 / 100));
+    resize(width, height);
+    move(free.left() + (free.width() - width) / 2, free.top() + (free.height() - kFrame - height) / 2);
+}
+
+}  // namespace karvel

@@ -1,0 +1,124 @@
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "app/Views.hpp"
+#include "windows/AboutWindow.hpp"
+#include "windows/AlphabetWindow.hpp"
+#include "windows/ColourWindow.hpp"
+#include "windows/DirectoryWindow.hpp"
+#include "windows/Form6.hpp"
+#include "windows/GuideWindow.hpp"
+#include "windows/LinkPage.hpp"
+#include "windows/NumeralsWindow.hpp"
+#include "windows/PrintingWindow.hpp"
+#include "windows/main/Form1.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
+#include "windows/support/WindowSet.hpp"
+
+namespace karvel {
+
+void Form1::addMenu(const Menu& menu)
+{
+    QMenu* const shown = menuBar()->addMenu(menu.caption);
+    shown->setObjectName(QLatin1String(menu.name));
+    for (const Item& item : menu.items) {
+        QAction* const action = shown->addAction(item.caption);
+        action->setObjectName(QLatin1String(item.name));
+        action->setCheckable(item.checkable);
+        action->setEnabled(static_cast<bool>(item.handler));
+        if (!item.shortcut.isEmpty()) {
+            action->setShortcut(QKeySequence(item.shortcut));
+        }
+        if (item.handler) {
+            connect(action, &QAction::triggered, this,
+                    [this, handler = item.handler] { desktop_.handle(handler); });
+        }
+    }
+}
+
+Form1::Menu Form1::fileMenu()
+{
+    return {"File",
+            QStringLiteral("&File"),
+            {
+                {"stampa", QStringLiteral("&Stampa"), [this] { form9::openFromMenu(desktop_, windows_); },
+                 QStringLiteral("Ctrl+P")},
+                {"Esci", QStringLiteral("&Esci"), [this] { leave(); }},
+            }};
+}
+
+Form1::Menu Form1::optionsMenu()
+{
+    return {
+        "Opzioni",
+        QStringLiteral("&Opzioni"),
+        {
+            {"codice", QStringLiteral("Visualizza &codice"), [this] { showCode(desktop_.session()); }},
+            {"frase", QStringLiteral("Visualizza codice &frase"), [this] { showPhrase(desktop_.session()); }},
+            {"colore", QStringLiteral("&Preferenze colori"),
+             [this] { Form5::openFromMenu(desktop_, windows_); }},
+            {"percorso", QStringLiteral("&Dir geroglifici"), [this] { windows_.open<Sysform>(); }},
+        }};
+}
+
+Form1::Menu Form1::searchMenu()
+{
+    const auto choose = [this](Mode mode) {
+        return [this, mode] { desktop_.session().modes().choose(mode, desktop_.session().files()); };
+    };
+    return {"Ricerca",
+            QStringLiteral("&Ricerca"),
+            {
+                {"Uguale", QStringLiteral("&Termine presente"), choose(Mode::Equal), {}, true},
+                {"traduci", QStringLiteral("&Dividi in parole"), choose(Mode::Split), {}, true},
+                {"Cerca", QStringLiteral("&Cerca simile"), choose(Mode::Contains), {}, true},
+                {"inizia", QStringLiteral("&Inizia per..."), choose(Mode::StartsWith), {}, true},
+                {"finisce", QStringLiteral("&Finisce per..."), choose(Mode::EndsWith), {}, true},
+                {"mancante", QStringLiteral("&Geroglifico mancante"), choose(Mode::MissingSign), {}, true},
+            }};
+}
+
+void Form1::buildMenus()
+{
+    Session& session = desktop_.session();
+    addMenu(fileMenu());
+    addMenu({"modifiche", QStringLiteral("&Modifiche"), {{"undo", QStringLiteral("&Undo"), [&session] {
+                                                              undo(session);
+                                                          }}}});
+    addMenu(optionsMenu());
+    addMenu(favouritesMenu());
+    addMenu(searchMenu());
+    addMenu({"fonemi",
+             QStringLiteral("&Tabelle"),
+             {{"ins", QStringLiteral("&Alfabeto"), [this] { windows_.open<Form2>(); }},
+              {"numeri", QStringLiteral("&Numeri"), [this] { windows_.open<Numerals>(); }}}});
+    addMenu({"visua",
+             QStringLiteral("&Visualizza"),
+             {{"tradotte", QStringLiteral("&Parole tradotte"), [this] { showTranslatedWords(); }},
+              {"schede", QStringLiteral("&Schede"), [this] { windows_.open<Form6>(); }}}});
+    addMenu({"tipo",
+             QStringLiteral("Tipo di &Inserimento"),
+             {{"facilitato", QStringLiteral("&Facilitato"),
+               [&session] {
+                   session.favourites().hideForFacilitated();
+                   session.ui().beep();
+               }},
+              // Kept: signs are always inserted directly, so there is nothing to go back to.
+              {"normale", QStringLiteral("&Normale"), [] {}}}});
+    addMenu({"internet",
+             QStringLiteral("&Internet"),
+             {{"connetti", QStringLiteral("&Collegamenti"),
+               [this, &session] { openLinkPage(session, *this); }}}});
+    addMenu(
+        {"aiuto",
+         QStringLiteral("I&nfo"),
+         {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] { windows_.open<frmAbout>(); }},
+          {"guida", QStringLiteral("&Guida"), [this] { windows_.open<Guide>(); }, QStringLiteral("F1")}}});
+    for (std::size_t i = 0; i < modeItems_.size(); ++i) {
+        modeItems_[i] = findChild<QAction*>(qtext(SearchModes::kItems[i]));
+    }
+}
+
+}  // namespace karvel

@@ -1,0 +1,178 @@
+#include "windows/main/Keyboard.hpp"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "compose/Paste.hpp"
+#include "windows/main/FindSign.hpp"
+#include "windows/main/Form1.hpp"
+#include "windows/signs/SignButton.hpp"
+#include "windows/signs/SignCell.hpp"
+#include "windows/signs/SignMenu.hpp"
+#include "windows/signs/SquareGrid.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
+
+namespace karvel {
+
+Keyboard::Keyboard(Desktop& desktop, Form1& form1, FindSign& find)
+    : desktop_(desktop), form1_(form1), find_(find)
+{
+    qApp->installEventFilter(this);
+}
+
+/// The keys reach the filter on their way to the widget that has the focus; menus and boxes keep theirs.
+bool Keyboard::concerns(QObject* watched) const
+{
+    const auto* const widget = qobject_cast<QWidget*>(watched);
+    return widget != nullptr && widget == QApplication::focusWidget() && widget->window() == &form1_ &&
+           QApplication::activePopupWidget() == nullptr;
+}
+
+bool Keyboard::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool pressed = event->type() == QEvent::KeyPress;
+    if ((pressed || event->type() == QEvent::ShortcutOverride) && concerns(watched)) {
+        auto& keyEvent = static_cast<QKeyEvent&>(*event);
+        if (pressed) {
+            return key(keyEvent, *static_cast<QWidget*>(watched));
+        }
+        if (pageOf(keyEvent) > 0) {
+            event->accept();  // a page letter with Alt opens its page before it opens a menu
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+/// The page that Alt and a letter stand for; 0 for none.
+int Keyboard::pageOf(const QKeyEvent& event)
+{
+    if (event.modifiers() != Qt::AltModifier || event.key() < Qt::Key_A || event.key() > Qt::Key_Z) {
+        return 0;
+    }
+    const auto page = kCategories.find(static_cast<char>('a' + event.key() - Qt::Key_A));
+    return page == std::string_view::npos ? 0 : static_cast<int>(page) + 1;
+}
+
+void Keyboard::turnTo(int page)
+{
+    auto* const scroll = form1_.findChild<QScrollBar*>(QStringLiteral("HScroll1"));
+    scroll->setValue(std::clamp(page, scroll->minimum(), scroll->maximum()));
+}
+
+bool Keyboard::key(QKeyEvent& event, QWidget& focus)
+{
+    if (anywhere(event)) {
+        return true;
+    }
+    if (qobject_cast<QLineEdit*>(&focus) != nullptr) {
+        return false;
+    }
+    if (event.modifiers() == Qt::ControlModifier) {
+        return withControl(event.key());
+    }
+    if (event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) {
+        return false;
+    }
+    return moves(event.key(), focus) || edits(event.key(), focus) || finds(event.text());
+}
+
+/// Who just types means a sign: the letter goes where signs are found.
+bool Keyboard::finds(const QString& typed)
+{
+    if (typed.isEmpty() || !typed[0].isLetterOrNumber()) {
+        return false;
+    }
+    find_.start(typed);
+    return true;
+}
+
+bool Keyboard::anywhere(QKeyEvent& event)
+{
+    if (const int page = pageOf(event); page > 0) {
+        turnTo(page);
+        return true;
+    }
+    if (event.modifiers() == Qt::NoModifier && event.key() == Qt::Key_F10) {
+        form1_.menuBar()->setActiveAction(form1_.menuBar()->actions().first());
+        return true;
+    }
+    if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_F) {
+        find_.start();
+        return true;
+    }
+    return false;
+}
+
+bool Keyboard::withControl(int key)
+{
+    Session& session = desktop_.session();
+    switch (key) {
+        case Qt::Key_C:
+            if (!session.display().DisplayCodes().empty()) {
+                copyPhrase(session.display().DisplayCodes());
+            }
+            return true;
+        case Qt::Key_V:
+            desktop_.handle([&] {
+                pastePhrase(session.palette(), session.ui(), utf8(QApplication::clipboard()->text()));
+            });
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool Keyboard::moves(int key, QWidget& focus)
+{
+    if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
+        turnTo(desktop_.session().palette().CurrentPage() + (key == Qt::Key_PageUp ? -1 : 1));
+        return true;
+    }
+    DisplayLine& display = desktop_.session().display();
+    if (key == Qt::Key_Left && focus.objectName() == element("Vendol", 0)) {
+        desktop_.handle([&] { display.cursorLeft(); });
+    }
+    if (key == Qt::Key_Right && focus.objectName() == element("Vendol", DisplayLine::kCells - 1)) {
+        desktop_.handle([&] { display.cursorRight(); });
+    }
+    auto* const grid = qobject_cast<SquareGrid*>(focus.parentWidget());
+    return grid != nullptr && grid->moveFocus(&focus, key);
+}
+
+bool Keyboard::edits(int key, QWidget& focus)
+{
+    Session& session = desktop_.session();
+    const bool onCell = qobject_cast<SignCell*>(&focus) != nullptr;
+    switch (key) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (onCell) {
+                desktop_.handle([&] { session.search(); });
+            } else if (auto* const button = qobject_cast<QAbstractButton*>(&focus)) {
+                button->click();
+            } else {
+                return false;
+            }
+            return true;
+        case Qt::Key_Backspace:
+            desktop_.handle([&] { session.display().removeLast(); });
+            return true;
+        case Qt::Key_Delete:
+            desktop_.handle([&] { session.display().deleteSelected(); });
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace karvel

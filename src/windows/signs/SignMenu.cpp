@@ -1,0 +1,82 @@
+#include "windows/signs/SignMenu.hpp"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMimeData>
+
+#include "base/SignCode.hpp"
+#include "base/SignRepertoire.hpp"
+#include "text/PhraseText.hpp"
+#include "windows/UsedIn.hpp"
+#include "windows/signs/SignButton.hpp"
+#include "windows/signs/SignCell.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
+#include "windows/support/WindowSet.hpp"
+
+namespace karvel {
+
+namespace {
+
+std::string codeOf(QObject* widget)
+{
+    if (const auto* const key = qobject_cast<SignButton*>(widget)) {
+        return key->code();
+    }
+    if (const auto* const cell = qobject_cast<SignCell*>(widget)) {
+        return cell->cell().code;
+    }
+    return {};
+}
+
+}  // namespace
+
+void copyPhrase(const std::string& codes)
+{
+    auto* const data = new QMimeData;
+    data->setText(qtext(unicodeOf(codes)));
+    data->setData(QStringLiteral("text/x-gardiner"), QByteArray::fromStdString(gardinerOf(codes)));
+    data->setHtml(QStringLiteral("<span title=\"%1\">%2</span>")
+                      .arg(qtext(gardinerOf(codes)).toHtmlEscaped(), qtext(unicodeOf(codes))));
+    QApplication::clipboard()->setMimeData(data);
+}
+
+SignMenu::SignMenu(Desktop& desktop, WindowSet& windows) : desktop_(desktop), windows_(windows)
+{
+    qApp->installEventFilter(this);
+}
+
+bool SignMenu::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ContextMenu) {
+        if (const std::string code = codeOf(watched); isSignCode(code)) {
+            popUp(code, static_cast<QContextMenuEvent*>(event)->globalPos());
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void SignMenu::popUp(const std::string& code, const QPoint& at)
+{
+    auto* const menu = new QMenu(QApplication::activeWindow());
+    menu->setObjectName(QStringLiteral("signMenu"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QString caption = qtext(signCaption(code));
+    menu->addSection(caption);
+    menu->setMinimumWidth(menu->fontMetrics().horizontalAdvance(caption) +
+                          40);  // a section makes no room for itself
+    QAction* const insert = menu->addAction(QStringLiteral("&Inserisci"));
+    QAction* const copy = menu->addAction(QStringLiteral("&Copia"));
+    QAction* const usedIn = menu->addAction(QStringLiteral("&Usato in ..."));
+    copy->setEnabled(SignRepertoire::standard().byCode(code) != nullptr);
+    connect(insert, &QAction::triggered, this,
+            [this, code] { desktop_.handle([&] { desktop_.session().palette().pressCode(code); }); });
+    connect(copy, &QAction::triggered, this, [code] { copyPhrase(code); });
+    connect(usedIn, &QAction::triggered, this, [this, code] { windows_.open<UsedIn>().show(code); });
+    menu->popup(at);
+}
+
+}  // namespace karvel

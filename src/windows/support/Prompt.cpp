@@ -1,0 +1,245 @@
+#include "windows/support/Prompt.hpp"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <algorithm>
+
+#include "windows/support/Text.hpp"
+
+namespace karvel {
+
+namespace {
+
+constexpr int kNarrowest = 340;  // logical pixels
+
+QMessageBox::Icon iconOf(Icon icon)
+{
+    switch (icon) {
+        case Icon::None:
+            return QMessageBox::NoIcon;
+        case Icon::Critical:
+            return QMessageBox::Critical;
+        case Icon::Question:
+            return QMessageBox::Question;
+        case Icon::Exclamation:
+            return QMessageBox::Warning;
+        case Icon::Information:
+            return QMessageBox::Information;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButton standardButton(Button button)
+{
+    switch (button) {
+        case Button::Ok:
+            return QMessageBox::Ok;
+        case Button::Cancel:
+            return QMessageBox::Cancel;
+        case Button::Yes:
+            return QMessageBox::Yes;
+        case Button::No:
+            return QMessageBox::No;
+    }
+    return QMessageBox::Ok;
+}
+
+void addButton(QMessageBox& shown, Button button, const QString& caption)
+{
+    shown.addButton(standardButton(button))->setText(caption);
+}
+
+void addButtons(QMessageBox& shown, Buttons buttons)
+{
+    if (buttons == Buttons::YesNo) {
+        addButton(shown, Button::Yes, QStringLiteral("&Sì"));
+        addButton(shown, Button::No, QStringLiteral("&No"));
+        shown.setEscapeButton(QMessageBox::No);
+        return;
+    }
+    addButton(shown, Button::Ok, QStringLiteral("OK"));
+    shown.setEscapeButton(QMessageBox::Ok);
+    if (buttons == Buttons::OkCancel) {
+        addButton(shown, Button::Cancel, QStringLiteral("Annulla"));
+        shown.setEscapeButton(QMessageBox::Cancel);
+    }
+}
+
+/// What closing a box without an answer means.
+Button refusalOf(Buttons buttons)
+{
+    switch (buttons) {
+        case Buttons::OkCancel:
+            return Button::Cancel;
+        case Buttons::YesNo:
+            return Button::No;
+        default:
+            return Button::Ok;
+    }
+}
+
+/// The window that a box belongs to: not the list of a field, which comes and goes.
+QWidget* owner()
+{
+    QWidget* window = QApplication::activeWindow();
+    while (window != nullptr && window->windowType() == Qt::Popup) {
+        window = window->parentWidget() != nullptr ? window->parentWidget()->window() : nullptr;
+    }
+    return window;
+}
+
+Button answerOf(int pressed)
+{
+    switch (pressed) {
+        case QMessageBox::Cancel:
+            return Button::Cancel;
+        case QMessageBox::Yes:
+            return Button::Yes;
+        case QMessageBox::No:
+            return Button::No;
+        default:
+            return Button::Ok;
+    }
+}
+
+}  // namespace
+
+Button Prompt::ask(const MessageBox& box)
+{
+    endProgress();
+    emit aboutToAsk();
+    // Not on the stack: a window that is closed while its box is open takes the box with it.
+    const QPointer<QMessageBox> made = new QMessageBox(owner());
+    QMessageBox& shown = *made;
+    shown.setObjectName(QStringLiteral("MessageBox"));
+    shown.setWindowTitle(qtext(box.title));
+    shown.setTextFormat(Qt::PlainText);  // an entry may hold anything, also what looks like markup
+    shown.setText(qtext(box.text).replace(QLatin1Char('\r'), QLatin1Char('\n')));
+    shown.setIcon(iconOf(box.icon));
+    shown.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    addButtons(shown, box.buttons);
+    if (box.defaultButton) {
+        shown.setDefaultButton(standardButton(*box.defaultButton));
+    }
+    // Wide enough for its title, and no window to be minimized.
+    if (auto* const grid = qobject_cast<QGridLayout*>(shown.layout())) {
+        grid->addItem(new QSpacerItem(kNarrowest, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
+    shown.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                         Qt::WindowCloseButtonHint);
+    shown.setWindowModality(Qt::ApplicationModal);
+    if (box.systemModal) {
+        shown.setWindowFlag(Qt::WindowStaysOnTopHint);
+    }
+    // A box over a running search shows the arrow, not the hourglass.
+    const int busy = busy_;
+    while (busy_ > 0) {
+        setBusy(false);
+    }
+    const int pressed = shown.exec();
+    const Button answer = made ? answerOf(pressed) : refusalOf(box.buttons);
+    delete made;
+    while (busy_ < busy) {
+        setBusy(true);
+    }
+    return answer;
+}
+
+std::optional<std::string> Prompt::input(const std::string& title, const std::string& prompt)
+{
+    emit aboutToAsk();
+    const QPointer<QInputDialog> made = new QInputDialog(owner());
+    QInputDialog& dialog = *made;
+    dialog.setObjectName(QStringLiteral("InputBox"));
+    dialog.setInputMode(QInputDialog::TextInput);
+    dialog.setWindowTitle(qtext(title));
+    dialog.setLabelText(qtext(prompt));
+    dialog.setOkButtonText(QStringLiteral("OK"));
+    dialog.setCancelButtonText(QStringLiteral("Annulla"));
+    dialog.resize(kNarrowest, dialog.sizeHint().height());
+    std::optional<std::string> typed;
+    if (dialog.exec() == QDialog::Accepted && made) {
+        typed = utf8(made->textValue());
+    }
+    delete made;
+    return typed;
+}
+
+void Prompt::beep()
+{
+    QApplication::beep();
+}
+
+void Prompt::setBusy(bool busy)
+{
+    if (busy) {
+        ++busy_;
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else if (busy_ > 0) {
+        --busy_;
+        QApplication::restoreOverrideCursor();
+    }
+    if (busy_ == 0) {
+        endProgress();
+    }
+}
+
+void Prompt::endProgress()
+{
+    if (progressShown_) {
+        progressShown_ = false;
+        emit progress(-1);
+    }
+}
+
+bool Prompt::continueReading(std::uint64_t done, std::uint64_t total)
+{
+    constexpr qint64 kPatience = 250;  // milliseconds before the user wants to see that something happens
+    constexpr qint64 kStep = 50;
+    if (done == 0) {
+        reading_.start();
+        shownAt_ = kPatience;
+        stopWanted_ = false;
+    }
+    if (!reading_.isValid() || reading_.elapsed() < shownAt_) {
+        return true;
+    }
+    shownAt_ = reading_.elapsed() + kStep;
+    progressShown_ = true;
+    emit progress(total == 0 ? 0 : static_cast<int>(std::min<std::uint64_t>(100, done * 100 / total)));
+    // Lets the windows be painted, and Escape be heard, but nothing else be started meanwhile.
+    qApp->installEventFilter(this);
+    QApplication::processEvents();
+    qApp->removeEventFilter(this);
+    return !stopWanted_;
+}
+
+bool Prompt::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            stopWanted_ = stopWanted_ || static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+            return true;
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::ShortcutOverride:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+            return true;
+        case QEvent::Close:
+            event->ignore();
+            return true;
+        default:
+            return QObject::eventFilter(watched, event);
+    }
+}
+
+}  // namespace karvel

@@ -1,0 +1,193 @@
+#include "windows/support/Theme.hpp"
+
+#include <QApplication>
+#include <QPainter>
+#include <QStyleOption>
+#include <optional>
+
+#include "base/WindowsHeader.hpp"
+
+namespace karvel {
+
+namespace {
+
+#ifdef Q_OS_WIN
+bool systemAsksForContrast()
+{
+    HIGHCONTRASTW setting = {};
+    setting.cbSize = sizeof setting;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof setting, &setting, 0) != 0 &&
+           (setting.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+#else
+bool systemAsksForContrast()
+{
+    return false;  // the palette tells
+}
+#endif
+
+bool isBlackAndWhite(const QPalette& palette)
+{
+    const QColor surface = palette.color(QPalette::Window);
+    const QColor ink = palette.color(QPalette::WindowText);
+    const auto isPlain = [](const QColor& colour) { return colour == Qt::black || colour == Qt::white; };
+    return isPlain(surface) && isPlain(ink) && surface != ink;
+}
+
+void frame(QPainter& painter, const QStyleOption& option)
+{
+    painter.save();
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(option.palette.color(QPalette::WindowText));
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
+}  // namespace
+
+void adoptContrastTheme()
+{
+    const QByteArray theme = qgetenv("GTK_THEME");
+    if (!theme.startsWith("HighContrast")) {
+        return;
+    }
+    const bool inverse = theme.contains("Inverse") || theme.endsWith(":dark");
+    const QColor paper = inverse ? Qt::black : Qt::white;
+    const QColor ink = inverse ? Qt::white : Qt::black;
+    const QColor faint = between(paper, ink, 0.55);
+    QPalette palette(ink, paper, ink, ink, faint, ink, ink, paper, paper);
+    palette.setColor(QPalette::Highlight, ink);
+    palette.setColor(QPalette::HighlightedText, paper);
+    palette.setColor(QPalette::PlaceholderText, faint);
+    palette.setColor(QPalette::Link, ink);
+    palette.setColor(QPalette::ToolTipBase, paper);
+    palette.setColor(QPalette::ToolTipText, ink);
+    palette.setColor(QPalette::Button, paper);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+        palette.setColor(QPalette::Disabled, role, faint);
+    }
+    QApplication::setPalette(palette);
+}
+
+bool strongContrast()
+{
+    struct Answer {
+        qint64 palette;
+        bool strong;
+    };
+    // Every painting asks, and Windows would be asked each time: a new theme comes with a new palette.
+    static std::optional<Answer> last;
+    const QPalette system = QApplication::palette();
+    if (!last || last->palette != system.cacheKey()) {
+        last = {system.cacheKey(), systemAsksForContrast() || isBlackAndWhite(system)};
+    }
+    return last->strong;
+}
+
+QColor outlineOn(const QColor& background, qreal share)
+{
+    return between(background, inkOn(background), strongContrast() ? 1.0 : share);
+}
+
+QColor inkOn(const QColor& background)
+{
+    return Colour::rgb(background.red(), background.green(), background.blue()).wantsDarkText()
+               ? QColor(0, 0, 0)
+               : QColor(255, 255, 255);
+}
+
+QColor between(const QColor& from, const QColor& to, qreal share)
+{
+    const auto mix = [share](int a, int b) { return qRound(a + (b - a) * share); };
+    return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
+}
+
+QPen focusPen(const QColor& background)
+{
+    if (!strongContrast()) {
+        return {kAccent, 2};
+    }
+    return {inkOn(background) == Qt::white ? QColor(Qt::yellow) : kAccent, 4};
+}
+
+Style::Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                     QStyleHintReturn* returned) const
+{
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) {
+        return 0;
+    }
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
+int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    constexpr int kMessageIcon = 40;  // logical pixels
+    return metric == PM_MessageBoxIconSize ? kMessageIcon : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+/// The base style shades its frames from the surface, which leaves none on black.
+void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                          const QWidget* widget) const
+{
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    switch (element) {
+        case PE_PanelButtonCommand:
+        case PE_PanelButtonTool:
+        case PE_FrameLineEdit:
+        case PE_Frame:
+        case PE_FrameGroupBox:
+        case PE_IndicatorCheckBox:
+        case PE_FrameMenu:
+            if (strongContrast()) {
+                frame(*painter, *option);
+            }
+            break;
+        default:
+            break;
+    }
+}
+
+void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                               const QWidget* widget) const
+{
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_ScrollBar && bar != nullptr && strongContrast()) {
+        frame(*painter, *option);
+        painter->fillRect(
+            proxy()->subControlRect(CC_ScrollBar, bar, SC_ScrollBarSlider, widget).adjusted(3, 3, -3, -3),
+            option->palette.windowText());
+    }
+}
+
+QPalette paletteFor(const QColor& window)
+{
+    if (strongContrast()) {
+        return QApplication::palette();
+    }
+    const QColor ink = inkOn(window);
+    const bool dark = ink == QColor(255, 255, 255);
+    const QColor button = between(window, QColor(255, 255, 255), dark ? 0.14 : 0.45);
+    const QColor base =
+        dark ? between(window, QColor(0, 0, 0), 0.35) : between(window, QColor(255, 255, 255), 0.85);
+    QPalette palette(button, window);
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const qreal strength = group == QPalette::Disabled ? 0.5 : 1.0;
+        palette.setColor(group, QPalette::Window, window);
+        palette.setColor(group, QPalette::WindowText, between(window, ink, strength));
+        palette.setColor(group, QPalette::Button, button);
+        palette.setColor(group, QPalette::ButtonText, between(button, inkOn(button), strength));
+        palette.setColor(group, QPalette::Base, base);
+        palette.setColor(group, QPalette::Text, between(base, inkOn(base), strength));
+        palette.setColor(group, QPalette::PlaceholderText, between(base, inkOn(base), 0.55));
+        palette.setColor(group, QPalette::Highlight, kAccent);
+        palette.setColor(group, QPalette::HighlightedText, QColor(255, 255, 255));
+        palette.setColor(group, QPalette::ToolTipBase, QColor(255, 255, 240));
+        palette.setColor(group, QPalette::ToolTipText, QColor(0, 0, 0));
+    }
+    return palette;
+}
+
+}  // namespace karvel

@@ -2,6 +2,8 @@ from support import OWL, SIGNS, VIPER, MakerTest
 
 HEADER = "gardiner\ttranslation\ttransliteration\tnote\n"
 GOOD = "G17\tin, come\tm\tpreposizione\n"
+OTHER = "I9\tlui\t=f\t\n"
+FIVE = GOOD + "".join(f"G17\tn. {n}\t\t\n" for n in range(4))
 
 
 class MakeDictionary(MakerTest):
@@ -13,13 +15,13 @@ class MakeDictionary(MakerTest):
         )  # fmt: skip
 
     def test_writes_the_records_in_the_order_of_the_table(self):
-        table = HEADER + "I9-G17\tperché, è così\t\t“nota”, €\n" + GOOD
+        table = HEADER + "I9-G17\tperché, è così\t\t“nota”, €\n" + FIVE.rsplit("G17", 1)[0]
         result = self.make(table)
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         expected = (
             '"f21e16"\r\n"perch\xe9, \xe8 cos\xec"\r\n""\r\n"\x93nota\x94, \x80"\r\n'
             '"e16"\r\n"in, come"\r\n"m"\r\n"preposizione"\r\n'
-        )
+        ) + "".join(f'"e16"\r\n"n. {n}"\r\n""\r\n""\r\n' for n in range(3))
         self.assertEqual(self.out.read_bytes(), expected.encode("latin-1"))
 
     def test_refuses_what_the_file_cannot_hold(self):
@@ -39,12 +41,13 @@ class MakeDictionary(MakerTest):
             "a column too few": ("G17\ta\tb", "3 columns, not 4"),
             "a column too many": ("G17\ta\tb\tc\td", "5 columns, not 4"),
             "an empty line": ("", "1 columns, not 4"),
+            "an entry that stands above": ("G17\tin, come\tx\t", "same signs and translation as line 2"),
             "another encoding": (b"G17\tperch\xe9\tb\tc", "not UTF-8 at byte 10"),
         }
         for name, (row, reason) in cases.items():
             with self.subTest(name):
                 row = row if isinstance(row, bytes) else row.encode("utf-8")
-                result = self.make((HEADER + GOOD).encode() + row + b"\n" + GOOD.encode())
+                result = self.make((HEADER + GOOD).encode() + row + b"\n" + OTHER.encode())
                 self.assertEqual(result.returncode, 1)
                 self.assertIn(reason, result.stderr)
                 self.assertIn("entries.tsv:3: ", result.stderr)
@@ -52,8 +55,11 @@ class MakeDictionary(MakerTest):
                 self.assertFalse(self.out.exists())
 
     def test_tells_every_fault_and_leaves_the_old_file(self):
-        self.make(HEADER + GOOD)
+        self.make(HEADER + FIVE)
         before = self.out.read_bytes()
+        result = self.make(HEADER + FIVE + OTHER)
+        self.assertIn("entries.tsv: 6 records are no multiple of 5", result.stderr)
+        self.assertEqual(self.out.read_bytes(), before)
         result = self.make(HEADER + 'G99\t"\tb\tc\n' + GOOD + "G17\t\tb\tc\n")
         places = [line.split(": ")[1].rsplit(":", 1)[1] for line in result.stderr.splitlines()]
         self.assertEqual((result.returncode, places), (1, ["2", "2", "4"]))
@@ -71,12 +77,12 @@ class MakeDictionary(MakerTest):
                 self.assertFalse(self.out.exists())
 
     def test_check_compares_and_writes_nothing(self):
-        self.assertEqual(self.make(HEADER + GOOD, SIGNS + OWL, "--check").returncode, 1)
+        self.assertEqual(self.make(HEADER + FIVE, SIGNS + OWL, "--check").returncode, 1)
         self.assertFalse(self.out.exists())
-        self.make(HEADER + GOOD)
-        self.assertEqual(self.make(HEADER + GOOD, SIGNS + OWL, "--check").returncode, 0)
+        self.make(HEADER + FIVE)
+        self.assertEqual(self.make(HEADER + FIVE, SIGNS + OWL, "--check").returncode, 0)
         stale = self.out.read_bytes()
-        result = self.make(HEADER + GOOD + GOOD, SIGNS + OWL, "--check")
+        result = self.make(HEADER + FIVE.replace("n. 0", "n. 9"), SIGNS + OWL, "--check")
         self.assertEqual((result.returncode, self.out.read_bytes()), (1, stale))
         self.assertIn("differs", result.stderr)
 

@@ -14,7 +14,14 @@ struct SignInfo {
     char32_t character = 0;        ///< the Unicode hieroglyph
     std::string_view gardiner;     ///< its number in Gardiner's list
     std::string_view description;  ///< Italian, UTF-8
-    std::string_view values;  ///< phonetic values in the ASCII transliteration, parted by "/"; may be empty
+    /// Phonetic values in the ASCII transliteration and numerals in figures, the usual one first; may be
+    /// empty.
+    std::vector<std::string_view> values;
+    unsigned uses = 0;  ///< entries of the shipped dictionary that are written with it
+
+    /// The place of `value` among the values, letter case mattering: 0 for the usual one. Nothing when the
+    /// sign does not have it.
+    [[nodiscard]] std::optional<std::size_t> placeOf(std::string_view value) const;
 };
 
 /// The signs that the palette offers.
@@ -24,8 +31,10 @@ class SignRepertoire {
     [[nodiscard]] static const SignRepertoire& standard();
 
     /// Reads a table: a header line, then code, Unicode number, Gardiner number, description and values
-    /// parted by tabs. `table` must outlive the repertoire. Lines that are no signs are passed over.
-    explicit SignRepertoire(std::string_view table);
+    /// parted by tabs; several values are parted by "/". `uses` has a line for each sign that the dictionary
+    /// uses: code, tab, number of entries. Both must outlive the repertoire. Lines that are no signs are
+    /// passed over.
+    explicit SignRepertoire(std::string_view table, std::string_view uses = {});
 
     [[nodiscard]] const std::vector<SignInfo>& signs() const { return signs_; }
 
@@ -45,7 +54,7 @@ class SignRepertoire {
     std::unordered_map<std::string, std::size_t> gardiner_;  ///< as written and, below it, in upper case
 };
 
-/// What a person reads of a sign in one line: "e16 · G17 · civetta · m · U+13153". Just the code for an
+/// What a person reads of a sign in one line: "g09 · M23 · carice · sw, nsw · U+131D3". Just the code for an
 /// unknown one.
 [[nodiscard]] std::string signCaption(std::string_view code);
 

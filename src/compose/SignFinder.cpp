@@ -1,6 +1,7 @@
 #include "compose/SignFinder.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <tuple>
 #include <utility>
@@ -11,48 +12,25 @@ namespace karvel {
 
 namespace {
 
-/// The sixty signs that the shipped dictionary writes most, most frequent first: of two signs with the same
-/// value, people mean the common one.
-constexpr std::string_view kCommon =
-    "o19h11o36g03b47o35o41l35p19c09e16o27o45e44c31n35c18i27o38e11f21h18h49o16g34a01h15a02c27h05"
-    "h09i39e38a24n37n38i11g09o31h19b28f22e08o39f41h44o03e37b03g52h12o46o43d51m31c13h01b30p04d50";
-
-/// Other words under which people look for what a description names.
+/// Other words under which people look for what the beginning of a description names.
 constexpr std::pair<std::string_view, std::string_view> kAlsoCalled[] = {
-    {"CIVETTA", "GUFO"},
-    {"ANKH", "CROCE ANSATA"},
-    {"CUORE E TRACHEA", "NEFER"},
-    {"SCIACALLO", "CANE"},
+    {"CIVETTA", "GUFO"},   {"ANKH", "CROCE ANSATA"}, {"CUORE E TRACHEA", "NEFER"},
+    {"SCIACALLO", "CANE"}, {"FALCO", "HORUS"},
 };
 
-constexpr int kNoMatch = std::numeric_limits<int>::max();
-
-std::size_t commonness(std::string_view code)
-{
-    return kCommon.find(code);  // whole codes only: a letter stands at every third place
-}
+// The best ranks come first. A sign has fewer values than there are places for them.
+constexpr unsigned kNamed = 0;
+constexpr unsigned kNamedInOtherCase = 1;
+constexpr unsigned kDescribed = 2;
+constexpr unsigned kDescribedWithMore = 3;
+constexpr unsigned kValued = 4;
+constexpr unsigned kRest = 100;
+constexpr unsigned kNoMatch = std::numeric_limits<unsigned>::max();
 
 /// Upper case without accents; what the code page lacks cannot stand in a description anyway.
 std::string folded(std::string_view utf8)
 {
     return decode(foldedBytes(encode(utf8)));
-}
-
-std::vector<std::string_view> parts(std::string_view text, char separator)
-{
-    std::vector<std::string_view> found;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(separator), text.size());
-        std::string_view part = text.substr(0, end);
-        while (part.ends_with(' ')) {
-            part.remove_suffix(1);
-        }
-        if (!part.empty()) {
-            found.push_back(part);
-        }
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return found;
 }
 
 bool isWordStart(std::string_view text, std::size_t at)
@@ -66,12 +44,16 @@ bool isWordEnd(std::string_view text, std::size_t at)
     return at == text.size() || std::string_view(" ,;)'-").find(text[at]) != std::string_view::npos;
 }
 
-/// 0 when `word` is a whole word of `text`, 1 when it begins one, 2 when it stands inside one.
-int placeOf(std::string_view word, std::string_view text)
+enum class Place { Word, Beginning, Inside, Nowhere };
+
+/// Where `word` stands best in `text`: as a whole word, at the beginning of one, or inside one.
+Place placeOf(std::string_view word, std::string_view text)
 {
-    int best = kNoMatch;
+    Place best = Place::Nowhere;
     for (std::size_t at = text.find(word); at != std::string_view::npos; at = text.find(word, at + 1)) {
-        const int place = !isWordStart(text, at) ? 2 : isWordEnd(text, at + word.size()) ? 0 : 1;
+        const Place place = !isWordStart(text, at)              ? Place::Inside
+                            : isWordEnd(text, at + word.size()) ? Place::Word
+                                                                : Place::Beginning;
         best = std::min(best, place);
     }
     return best;
@@ -104,19 +86,16 @@ SignFinder::SignFinder(const SignRepertoire& repertoire)
 {
     entries_.reserve(repertoire.signs().size());
     for (const SignInfo& sign : repertoire.signs()) {
-        std::vector<std::string_view> values = parts(sign.values, '/');
-        std::vector<std::string> upperValues;
-        for (const std::string_view value : values) {
-            upperValues.push_back(upperCase(value));
+        Entry entry{&sign, upperCase(sign.gardiner), {}, {folded(sign.description)}};
+        for (const std::string_view value : sign.values) {
+            entry.upperValues.push_back(upperCase(value));
         }
-        std::string description = folded(sign.description);
         for (const auto& [name, other] : kAlsoCalled) {
-            if (description.starts_with(name)) {
-                description.append(" ").append(other);
+            if (const std::string& own = entry.descriptions.front(); own.starts_with(name)) {
+                entry.descriptions.push_back(std::string(other).append(own, name.size()));
             }
         }
-        entries_.push_back({&sign, upperCase(sign.gardiner), std::move(values), std::move(upperValues),
-                            std::move(description)});
+        entries_.push_back(std::move(entry));
     }
 }
 
@@ -128,36 +107,52 @@ unsigned long SignFinder::lastUse(const SignInfo& sign) const
 
 /// The smaller the better. A code is typed in small letters and a Gardiner number with a capital, so "e16"
 /// and "E16" each put their own sign first.
-int SignFinder::rank(const Entry& entry, const Wanted& wanted)
+unsigned SignFinder::rank(const Entry& entry, const Wanted& wanted)
 {
     if (entry.sign->code == wanted.asTyped || entry.sign->gardiner == wanted.asTyped) {
+        return kNamed;
+    }
+    if (entry.gardiner == wanted.number) {
+        return kNamedInOtherCase;
+    }
+    if (std::ranges::find(entry.descriptions, wanted.upper) != entry.descriptions.end()) {
+        return kDescribed;
+    }
+    if (std::ranges::any_of(entry.descriptions, [&](const std::string& description) {
+            return description.starts_with(wanted.upper + " (");
+        })) {
+        return kDescribedWithMore;
+    }
+    if (const auto place = entry.sign->placeOf(wanted.asTyped)) {
+        return kValued + static_cast<unsigned>(*place);
+    }
+    const unsigned rest = rankOfRest(entry, wanted);
+    return rest == kNoMatch ? kNoMatch : kRest + rest;
+}
+
+unsigned SignFinder::rankOfRest(const Entry& entry, const Wanted& wanted)
+{
+    Place place = Place::Nowhere;
+    for (const std::string& description : entry.descriptions) {
+        place = std::min(place, placeOf(wanted.upper, description));
+    }
+    if (place == Place::Word && wanted.upper.size() > 1) {
         return 0;
     }
-    if (std::ranges::find(entry.values, wanted.asTyped) != entry.values.end()) {
+    if (std::ranges::find(entry.upperValues, wanted.upper) != entry.upperValues.end()) {
         return 1;
     }
-    if (entry.gardiner == wanted.upper) {
+    if (entry.gardiner.starts_with(wanted.number)) {
         return 2;
     }
-    const bool saysIt = std::ranges::find(entry.upperValues, wanted.upper) != entry.upperValues.end();
-    const int place = placeOf(wanted.upper, entry.description);
-    if (place == 0 && wanted.upper.size() > 1) {
+    if (std::ranges::any_of(entry.sign->values,
+                            [&](std::string_view value) { return value.starts_with(wanted.asTyped); })) {
         return 3;
     }
-    if (saysIt) {
+    if (place <= Place::Beginning) {
         return 4;
     }
-    if (entry.gardiner.starts_with(wanted.upper)) {
-        return 5;
-    }
-    if (std::ranges::any_of(entry.values,
-                            [&](std::string_view value) { return value.starts_with(wanted.asTyped); })) {
-        return 6;
-    }
-    if (place <= 1) {
-        return 7;
-    }
-    return place == 2 && wanted.upper.size() > 2 ? 8 : kNoMatch;
+    return place == Place::Inside && wanted.upper.size() > 2 ? 5 : kNoMatch;
 }
 
 std::vector<const SignInfo*> SignFinder::find(std::string_view wanted, std::size_t most) const
@@ -171,21 +166,21 @@ std::vector<const SignInfo*> SignFinder::find(std::string_view wanted, std::size
     if (wanted.empty()) {
         return {};
     }
-    const Wanted text{asciiTransliteration(wanted), folded(wanted)};
+    Wanted text{asciiTransliteration(wanted), folded(wanted), {}};
+    std::ranges::remove_copy(text.upper, std::back_inserter(text.number), ' ');
     struct Hit {
-        int rank;
+        unsigned rank;
         unsigned long lastUse;
         const SignInfo* sign;
     };
     std::vector<Hit> hits;
     for (const Entry& entry : entries_) {
-        if (const int fit = rank(entry, text); fit != kNoMatch) {
+        if (const unsigned fit = rank(entry, text); fit != kNoMatch) {
             hits.push_back({fit, lastUse(*entry.sign), entry.sign});
         }
     }
     std::ranges::stable_sort(hits, [](const Hit& a, const Hit& b) {
-        return std::tuple(a.rank, b.lastUse, commonness(a.sign->code)) <
-               std::tuple(b.rank, a.lastUse, commonness(b.sign->code));
+        return std::tuple(a.rank, b.lastUse, b.sign->uses) < std::tuple(b.rank, a.lastUse, a.sign->uses);
     });
     std::vector<const SignInfo*> found;
     for (const Hit& hit : hits) {

@@ -135,7 +135,8 @@ TEST(SignRepertoire, KnowsEverySignByBothItsNames)
     }
     EXPECT_EQ(repertoire.byCode(kMissingSign), nullptr);
     EXPECT_EQ(signCaption("e16"), "e16 · G17 · civetta · m · U+13153");
-    EXPECT_EQ(signCaption("a01"), "a01 · A1 · uomo seduto · U+13000");
+    EXPECT_EQ(signCaption("a01"), "a01 · A1 · uomo seduto · i, s, rmT · U+13000");
+    EXPECT_EQ(signCaption("a02"), "a02 · A2 · uomo con la mano alla bocca · U+13001");
     EXPECT_EQ(signCaption("p47"), "p47 · segno mancante");
     EXPECT_EQ(signCaption("zz"), "zz");
 }

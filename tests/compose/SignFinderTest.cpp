@@ -25,7 +25,9 @@ TEST(SignFinder, PutsWhatAPersonMeansFirst)
         {"nfr", "F35"},       {"civetta", "G17"}, {"gufo", "G17"},    {"croce ansata", "S34"},
         {" CIVETTA ", "G17"}, {"ḥ", "V28"},       {"h", "O4"},        {"ḏ", "I10"},
         {"anx", "S34"},       {"ꜥnḫ", "S34"},     {"zzzz", "(none)"}, {"", "(none)"},
-        {"   ", "(none)"},
+        {"   ", "(none)"},    {"Hr", "D2"},       {"mn", "Y5"},       {"100", "V1"},
+        {"falco", "G5"},      {"horus", "G5"},    {"ankh", "S34"},    {"G 17", "G17"},
+        {"aa 1", "Aa1"},
     };
     for (const auto& [wanted, gardiner] : cases) {
         EXPECT_EQ(gardiner, firstFor(finder, wanted)) << wanted;
@@ -41,6 +43,19 @@ TEST(SignFinder, IgnoresAccentsAndFindsBeginningsOfWords)
     EXPECT_EQ("b01", finder.find("CITTÀ").front()->code);  // the whole word before the beginning of one
     EXPECT_EQ("b02", finder.find("km").front()->code);
     EXPECT_TRUE(finder.find("mt").empty());
+}
+
+TEST(SignFinder, OrdersByDescriptionThenPlaceOfTheValueThenUses)
+{
+    const SignRepertoire repertoire(
+        "header\nb01\tU+13050\tB1\tcane\tp/q/re\nb02\tU+13051\tB2\tgatto\tre\nb03\tU+13052\tB3\tlupo\tre\n"
+        "b04\tU+13053\tB4\tre (del nord)\t\nb05\tU+13054\tB5\tre\t\nb06\tU+13055\tB6\til re\t\n",
+        "b01\t900\nb03\t20\nb02\t3\nb06\t999\n");
+    std::string order;
+    for (const SignInfo* const sign : SignFinder(repertoire).find("re")) {
+        order += std::string(sign->gardiner) + " ";
+    }
+    EXPECT_EQ(order, "B5 B4 B3 B2 B1 B6 ");
 }
 
 TEST(SignFinder, TheHomophoneUsedLastComesFirst)

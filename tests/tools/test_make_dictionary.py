@@ -11,7 +11,8 @@ class MakeDictionary(MakerTest):
         self.out = self.directory / "dizio.txt"
         return self.run_maker(
             "make-dictionary", "--entries", self.file("entries.tsv", table),
-            "--signs", self.file("signs.tsv", signs), "--out", self.out, *options,
+            "--signs", self.file("signs.tsv", signs), "--out", self.out,
+            "--uses", self.directory / "usi.tsv", *options,
         )  # fmt: skip
 
     def test_writes_the_records_in_the_order_of_the_table(self):
@@ -23,6 +24,7 @@ class MakeDictionary(MakerTest):
             '"e16"\r\n"in, come"\r\n"m"\r\n"preposizione"\r\n'
         ) + "".join(f'"e16"\r\n"n. {n}"\r\n""\r\n""\r\n' for n in range(3))
         self.assertEqual(self.out.read_bytes(), expected.encode("latin-1"))
+        self.assertEqual((self.directory / "usi.tsv").read_text(), "e16\t5\nf21\t1\n")
 
     def test_refuses_what_the_file_cannot_hold(self):
         cases = {

@@ -141,11 +141,7 @@ void FindSign::move(int step)
 bool FindSign::homophonesListed() const
 {
     const std::string value = asciiTransliteration(utf8(field_->text().trimmed()));
-    const auto says = [&value](const SignInfo* sign) {
-        const std::string values = "/" + std::string(sign->values) + "/";
-        return values.find("/" + value + "/") != std::string::npos;
-    };
-    return found_.size() > 1 && says(found_[0]) && says(found_[1]);
+    return found_.size() > 1 && found_[0]->placeOf(value) && found_[1]->placeOf(value);
 }
 
 void FindSign::insertChosen()

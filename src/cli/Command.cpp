@@ -20,6 +20,8 @@ std::span<const Command> commands()
         Command{"aggiungi", "[--gardiner] CODICI TRADUZIONE [TRASLITTERAZIONE [NOTA]]",
                 "aggiunge una voce in fondo al dizionario", addEntry},
         Command{"verifica", "[FILE]", "conta le voci di un dizionario e indica la prima dubbia", verifyFile},
+        Command{"blocchi", "[--cartiglio] [--gardiner] CODICI",
+                "mostra come i segni si dispongono in blocchi, in Manuel de Codage", printBlocks},
         Command{"installa", "[--radice DIR]", "mette al loro posto i dati che mancano", install},
     };
     return kCommands;

@@ -60,5 +60,6 @@ Exit transcribeName(const Arguments& arguments);
 Exit addEntry(const Arguments& arguments);
 Exit verifyFile(const Arguments& arguments);
 Exit install(const Arguments& arguments);
+Exit printBlocks(const Arguments& arguments);
 
 }  // namespace karvel::cli

@@ -62,6 +62,8 @@ TEST_F(Words, AnswersOnTheRightStreamWithTheRightStatus)
          "a01b02\tcasa\tpr\t\na01\tuno\tw\tnumero\nc03\tCasa bella\t\t\n", ""},
         {"cerca --modo dividi a01d04c03", 0, "a01\tuno\tw\tnumero\n", "Resta: d04c03\n"},
         {"cerca --modo dividi d04", 1, "", "Resta: d04\n"},
+        {"blocchi --gardiner F35-I9-D21", 0, "F35-I9:D21\n", ""},
+        {"blocchi --cartiglio g34o31h11p47", 0, "<-N5-Y5:N35-?->\n", ""},
         {"italiano casa", 0, "a01b02\tcasa\tpr\t\n", ""},
         {"italiano --contiene CAS", 0, "a01b02\tcasa\tpr\t\nc03\tCasa bella\t\t\n", ""},
         {"italiano città", 0, "c03\tcittà\t\t\n", ""},
@@ -84,7 +86,7 @@ TEST_F(Words, AnswersOnTheRightStreamWithTheRightStatus)
 
 TEST_F(Words, ReportsWrongUseAndAMissingDictionary)
 {
-    for (const char* const wrong : {"nome", "italiano", "aggiungi a01", "aggiungi xyz casa", "nome a b"}) {
+    for (const char* const wrong : {"nome", "italiano", "aggiungi a01", "aggiungi xyz casa", "nome a b", "blocchi", "blocchi F35"}) {
         EXPECT_EQ(2, run(wrong).status) << wrong;
     }
     std::filesystem::remove(drive_.host(kDictionaryPath));

@@ -81,7 +81,8 @@ std::size_t copyMissing(const fs::path& from, const std::string& systemPath, con
 fs::path ownProgram()
 {
 #if defined(_WIN32)
-    std::wstring name(32768, L'\0');
+    constexpr std::size_t kLongestPath = 32768;  // characters, as the system limits it
+    std::wstring name(kLongestPath, L'\0');
     name.resize(::GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size())));
     return {name};
 #else

@@ -38,9 +38,6 @@ class CardFiles {
     /// All fields of the card in the file's order, those included that are no codes.
     [[nodiscard]] std::vector<std::string> read(std::string_view name) const;
 
-    /// The number of its fields.
-    [[nodiscard]] std::size_t count(std::string_view name) const { return read(name).size(); }
-
     /// The fields of the card that the window opens with; none when its file is missing.
     [[nodiscard]] std::vector<std::string> readFirst() const;
 

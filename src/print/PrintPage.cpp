@@ -23,11 +23,6 @@ void PrintPage::clearSigns()
     pic_.fill({});
 }
 
-std::size_t PrintPage::visibleSigns() const
-{
-    return static_cast<std::size_t>(std::ranges::count_if(pic_, &Cell::visible));
-}
-
 void PrintPage::setText(const LastResult& last)
 {
     text_ = last.translation + "\n\n" + last.note;

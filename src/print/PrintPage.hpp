@@ -48,7 +48,6 @@ class PrintPage {
     void clearSigns();
 
     [[nodiscard]] const std::array<Cell, kCells>& pic() const { return pic_; }
-    [[nodiscard]] std::size_t visibleSigns() const;
 
     /// The caption of `Label1`: translation and note, parted by two line feeds.
     [[nodiscard]] const std::string& text() const { return text_; }
@@ -60,7 +59,6 @@ class PrintPage {
 
     [[nodiscard]] int rowTop() const { return rowTop_; }
     void moveRow(int top) { rowTop_ = top; }
-    [[nodiscard]] int labelTop() const { return labelTop_; }
     void moveLabel(int top) { labelTop_ = top; }
 
     /// Where cell `cell` lies on a page `width` wide; on a narrow one the whole row is smaller.

@@ -20,8 +20,9 @@ double light(int channel)
 bool Colour::wantsDarkText() const
 {
     const double luminance = 0.2126 * light(red()) + 0.7152 * light(green()) + 0.0722 * light(blue());
-    // Where black and white contrast alike: (L + 0.05) / 0.05 = 1.05 / (L + 0.05).
-    return luminance > 0.1791;
+    // At this luminance L black and white contrast alike: (L + 0.05) / 0.05 = 1.05 / (L + 0.05).
+    constexpr double kEqualContrast = 0.1791;
+    return luminance > kEqualContrast;
 }
 
 Colour readColour(const FileSystem& files, std::string_view path)

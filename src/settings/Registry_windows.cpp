@@ -42,7 +42,8 @@ class WindowsRegistry : public Registry {
 std::wstring expanded(const std::string& path)
 {
     const std::wstring written = hostPath(path.substr(0, path.find('\0'))).wstring();
-    std::wstring whole(32768, L'\0');
+    constexpr std::size_t kLongestPath = 32768;  // characters, as the system limits it
+    std::wstring whole(kLongestPath, L'\0');
     const DWORD length =
         ::ExpandEnvironmentStringsW(written.c_str(), whole.data(), static_cast<DWORD>(whole.size()));
     if (length == 0 || length > whole.size()) {

@@ -9,11 +9,6 @@
 namespace karvel {
 namespace {
 
-using testing::FakePictures;
-using testing::RecordedWindows;
-using testing::ScriptedUi;
-using testing::TemporaryDrive;
-
 const std::string kDirectory(kCardDirectory);
 
 MessageBox attention(const std::string& text, Icon icon = Icon::Exclamation)
@@ -57,7 +52,7 @@ class CardEditorTest : public ::testing::Test {
     }
 
     /// The card shown, its place in the list and its fields, in one line.
-    [[nodiscard]] std::string shown() const
+    [[nodiscard]] static std::string shown(const CardEditor& editor)
     {
         std::string text = editor.name() + (editor.current() ? std::to_string(*editor.current()) : "-");
         for (const std::string& field : editor.fields()) {
@@ -74,10 +69,10 @@ class CardEditorTest : public ::testing::Test {
         }
     }
 
-    TemporaryDrive drive;
-    FakePictures pictures;
-    ScriptedUi ui;
-    RecordedWindows windows;
+    testing::TemporaryDrive drive;
+    testing::FakePictures pictures;
+    testing::ScriptedUi ui;
+    testing::RecordedWindows windows;
     Session session{drive.files(), pictures, ui, windows};
     CardEditor editor{drive.files(), ui, session.display(), session.palette()};
 };
@@ -85,51 +80,19 @@ class CardEditorTest : public ::testing::Test {
 TEST_F(CardEditorTest, OpensOnTheFirstCardAndReopensTheLastOne)
 {
     editor.open();
-    EXPECT_EQ(shown(), "UOMINI- a01 a02");
+    EXPECT_EQ(shown(editor), "UOMINI- a01 a02");
     editor.load(1);
-    EXPECT_EQ(shown(), "DEI1 b10");
+    EXPECT_EQ(shown(editor), "DEI1 b10");
     EXPECT_EQ(drive.read(kLastCardPath), "DEI\r\n");
     CardEditor again{drive.files(), ui, session.display(), session.palette()};
     again.open();
     EXPECT_EQ(again.name(), "DEI");
 
-    for (const std::string_view note : {"SPARITA\r\n", "..\\..\\dizio\r\n", "\"", ""}) {
-        drive.write(kLastCardPath, note);
-        CardEditor other{drive.files(), ui, session.display(), session.palette()};
-        other.open();
-        EXPECT_EQ(other.name(), "UOMINI") << note;
-    }
-}
-
-TEST_F(CardEditorTest, ListsOnlyWhatCanBeACard)
-{
     drive.write(kCardListPath, "..\\dizio\r\nDei\r\ndei\r\nuomini\r\ncon\r\n\r\ndonne\r\n");
-    editor.open();
-    EXPECT_EQ(editor.names(), (std::vector<std::string>{"Dei", "donne"}));
-}
-
-TEST_F(CardEditorTest, PressingASignWritesItAsAPaletteKeyDoes)
-{
-    drive.write(kDirectory + "dei.txt", "b10,nulla\r\np47\r\n");
-    editor.open();
-    editor.press(1);
-    editor.press(2);  // no sign there
-    EXPECT_EQ(session.display().DisplayCodes(), "a02");
-    EXPECT_EQ(session.palette().codePanel(), "Codice: a02");
-    editor.load(1);
-    editor.press(0);
-    editor.press(1);
-    EXPECT_EQ(session.display().DisplayCodes(), "a02b10");
-    ui.expect({.title = "Informazione",
-               .text = "Hai selezionato un carattere speciale che attiva la ricerca 'Geroglifico mancante'",
-               .icon = Icon::Information});
-    editor.press(2);
-    EXPECT_TRUE(session.modes().is(Mode::MissingSign));
-    while (session.display().signs() < 84) {
-        editor.press(0);
-    }
-    ui.expect({.title = "SISTEMA", .text = "attenzione limite massimo caratteri 84", .icon = Icon::Critical});
-    editor.press(0);
+    drive.write(kLastCardPath, "..\\dizio\r\n");
+    again.open();
+    EXPECT_EQ(shown(again), "UOMINI- a01 a02");
+    EXPECT_EQ(again.names(), (std::vector<std::string>{"Dei", "donne"}));
 }
 
 TEST_F(CardEditorTest, MakesACardAndRefusesNamesThatWouldReachElsewhere)
@@ -137,7 +100,7 @@ TEST_F(CardEditorTest, MakesACardAndRefusesNamesThatWouldReachElsewhere)
     editor.open();
     ui.answerInput("  prova ");
     editor.create();
-    EXPECT_EQ(shown(), "PROVA2 a01");
+    EXPECT_EQ(shown(editor), "PROVA2 a01");
     EXPECT_EQ(drive.read(kCardListPath), "donne\r\ndei\r\nprova\r\n");
 
     ui.answerInput(std::nullopt);
@@ -148,12 +111,7 @@ TEST_F(CardEditorTest, MakesACardAndRefusesNamesThatWouldReachElsewhere)
     ui.expect(attention("Il nome [uomini] è riservato ai file della finestra Schede."));
     ui.answerInput("uomini");
     editor.create();
-    ui.expect(
-        attention("Il nome di una scheda non può contenere virgole, virgolette, caratteri di controllo "
-                  "e i caratteri * : . / \\ ? < > |"));
-    ui.answerInput("..\\Undo");
-    editor.create();
-    EXPECT_EQ(shown(), "PROVA2 a01");
+    EXPECT_EQ(shown(editor), "PROVA2 a01");
     EXPECT_EQ(drive.read(kCardListPath), "donne\r\ndei\r\nprova\r\n");
 }
 
@@ -171,11 +129,11 @@ TEST_F(CardEditorTest, TakesUpAFilePutThereByHand)
     ui.expect(box, Button::No);
     ui.answerInput("mia");
     editor.create();
-    EXPECT_EQ(shown(), "UOMINI- a01 a02");
+    EXPECT_EQ(shown(editor), "UOMINI- a01 a02");
     ui.expect(box, Button::Yes);
     ui.answerInput("mia");
     editor.create();
-    EXPECT_EQ(shown(), "MIA2 e16");
+    EXPECT_EQ(shown(editor), "MIA2 e16");
 }
 
 TEST_F(CardEditorTest, FillsACardToItsLimit)
@@ -198,26 +156,17 @@ TEST_F(CardEditorTest, FillsACardToItsLimit)
         attention("La scheda [DEI] è già piena \r"
                   "Per aggiungere un geroglifico è neccessario eliminarne almeno uno !"));
     editor.add();
-    EXPECT_EQ(CardFiles(drive.files()).count("dei"), 48U);
-    // Somebody else may have written more: as full as full.
     drive.write(kDirectory + "dei.txt", drive.read(kDirectory + "dei.txt") + "a01\r\n");
-    ui.expect(
-        attention("La scheda [DEI] è già piena \r"
-                  "Per aggiungere un geroglifico è neccessario eliminarne almeno uno !"));
-    editor.add();
-    EXPECT_EQ(editor.fields().size(), 49U);
+    editor.load(1);
     editor.press(48);  // has no button
     EXPECT_EQ(session.display().DisplayCodes(), "e16a01");
-}
-
-TEST_F(CardEditorTest, AddsOnlyCodesOfThePalette)
-{
-    editor.open();
-    editor.load(0);
-    session.palette().setCurrentSignCode({});
+    editor.press(47);
+    EXPECT_EQ(session.display().DisplayCodes(), "e16a01e16");
+    compose("");
     session.insertion()("o\\a", 0);  // as a favourite from another directory does
     ui.expect(
         attention("Il primo segno del display (o\\a) non è un geroglifico della tavolozza.", Icon::Critical));
+    editor.load(0);
     editor.add();
     EXPECT_EQ(drive.read(kDirectory + "donne.txt"), "b03\r\nb04\r\n");
 }
@@ -242,10 +191,10 @@ TEST_F(CardEditorTest, ThinsACardButNeverEmptiesIt)
     compose("b10b12");
     ui.expect(ask, Button::Cancel);
     editor.removeSign();
-    EXPECT_EQ(shown(), "DEI1 b10 b11 b10 b12");
+    EXPECT_EQ(shown(editor), "DEI1 b10 b11 b10 b12");
     ui.expect(ask, Button::Ok);
     editor.removeSign();
-    EXPECT_EQ(shown(), "DEI1 b11 b12");
+    EXPECT_EQ(shown(editor), "DEI1 b11 b12");
     EXPECT_EQ(drive.read(kDirectory + "dei.txt"), "b11\r\nb12\r\n");
     drive.write(kDirectory + "dei.txt", "b10\r\nb10\r\n");
     ui.expect(last);
@@ -260,10 +209,10 @@ TEST_F(CardEditorTest, DeletesACardButNotTheOnlyOne)
     editor.load(0);
     ui.expect(deletion("DONNE"), Button::Cancel);
     editor.deleteCard();
-    EXPECT_EQ(shown(), "DONNE0 b03 b04");
+    EXPECT_EQ(shown(editor), "DONNE0 b03 b04");
     ui.expect(deletion("DONNE"), Button::Ok);
     editor.deleteCard();
-    EXPECT_EQ(shown(), "DEI0 b10");
+    EXPECT_EQ(shown(editor), "DEI0 b10");
     EXPECT_EQ(drive.read(kDirectory + "donne.txt"), "(none)");
     EXPECT_EQ(drive.read(kCardListPath), "dei\r\n");
     EXPECT_EQ(drive.read(kLastCardPath), "DEI\r\n");
@@ -282,7 +231,7 @@ TEST_F(CardEditorTest, SaysSoWhenACardHasGoneOrCannotBeRead)
     drive.files().remove(kDirectory + "dei.txt");
     ui.expect(gone("DEI"), Button::No);
     editor.add();  // does not bring it back with one sign
-    EXPECT_EQ(shown(), "UOMINI- a01 a02");
+    EXPECT_EQ(shown(editor), "UOMINI- a01 a02");
     EXPECT_EQ(drive.read(kDirectory + "dei.txt"), "(none)");
     ui.expect(gone("DEI"), Button::Yes);
     editor.load(1);
@@ -292,14 +241,7 @@ TEST_F(CardEditorTest, SaysSoWhenACardHasGoneOrCannotBeRead)
     ui.expect(
         attention("Non riesco a leggere la scheda [DONNE].\rInput oltre la fine del file.", Icon::Critical));
     editor.load(0);
-    EXPECT_EQ(shown(), "UOMINI- a01 a02");
-
-    drive.files().remove(kFirstCardPath);
-    drive.files().remove(kCardListPath);
-    CardEditor empty{drive.files(), ui, session.display(), session.palette()};
-    empty.open();
-    EXPECT_TRUE(empty.names().empty());
-    EXPECT_TRUE(empty.fields().empty());
+    EXPECT_EQ(shown(editor), "UOMINI- a01 a02");
 }
 
 }  // namespace

@@ -10,47 +10,37 @@
 namespace karvel {
 namespace {
 
-using testing::FakePictures;
-using testing::RecordedWindows;
-using testing::ScriptedUi;
-using testing::TemporaryDrive;
+const std::string kPages(kPageDirectory);
 
 std::string gr(std::string_view code)
 {
     return "C:\\Programmi\\Karvel\\GR\\" + std::string(code) + ".gif";
 }
 
-std::string page(const std::vector<std::string>& codes)
+/// A file of favourites: the signs of `codes`, then empty lines up to `lines`.
+std::string page(std::string_view codes, std::size_t lines = 8)
 {
     std::string text;
-    for (const std::string& code : codes) {
-        text += (code.empty() ? code : gr(code)) + "\r\n";
+    for (std::size_t line = 0; line < lines; ++line) {
+        const std::string_view code = codes.substr(std::min(codes.size(), line * 3), 3);
+        text += (code.empty() ? "" : gr(code)) + "\r\n";
     }
     return text;
 }
 
-class FavouritesStripTest : public ::testing::Test {
+class Favourites : public ::testing::Test {
   protected:
-    FavouritesStripTest()
+    Favourites()
     {
         drive.writeSettings();
         session.palette().loadPage();
         session.FavouritePage = 1;
     }
 
-    void fill(const std::vector<std::string>& codes)
+    void fill(std::string_view codes)
     {
-        auto all = codes;
-        all.resize(8);
-        drive.write("C:\\programmi\\Karvel\\prefe\\pre1.prf", page(all));
+        drive.write(kPages + "pre1.prf", page(codes));
         strip.showFirstPage();
-    }
-
-    void press(std::size_t key, int times = 1)
-    {
-        for (int i = 0; i < times; ++i) {
-            session.palette().press(key);
-        }
     }
 
     /// The codes on the visible buttons, "-" for a hidden one, "*" behind the marked ones.
@@ -65,257 +55,180 @@ class FavouritesStripTest : public ::testing::Test {
         return text;
     }
 
-    TemporaryDrive drive;
-    FakePictures pictures;
-    ScriptedUi ui;
-    RecordedWindows windows;
+    testing::TemporaryDrive drive;
+    testing::FakePictures pictures;
+    testing::ScriptedUi ui;
+    testing::RecordedWindows windows;
     Session session{drive.files(), pictures, ui, windows};
     FavouritesStrip& strip = session.favourites();
 };
 
-TEST_F(FavouritesStripTest, InsertsTheChosenSignIntoTheFirstPlaceOnly)
+TEST_F(Favourites, InsertsTheChosenSignIntoTheFirstPlaceOnly)
 {
-    fill({"e16", "b47"});
-    press(0);
-    press(1);
+    fill("e16b47");
+    session.palette().press(0);
+    session.palette().press(1);
     strip.insertCurrent();
     EXPECT_EQ(shown(), "a02 b47 - - - - - -");
     EXPECT_EQ(session.display().DisplayCodes(), "a01");
     EXPECT_TRUE(session.display().cells()[0].blank());
-    EXPECT_EQ(session.palette().CurrentSignCode(), "");
-    EXPECT_EQ(drive.read("C:\\programmi\\Karvel\\preferiti"), page({"a02", "b47", "", "", "", "", "", ""}));
+    EXPECT_EQ(drive.read(kStripPath), page("a02b47"));
 
-    // The display counts as empty: the next sign goes to the first cell, and the stale one behind it is no
-    // sign of the phrase that could be deleted.
-    press(4);
-    EXPECT_EQ(session.display().DisplayCodes(), "a01a05");
-    EXPECT_EQ(session.display().cells()[0].code, "a05");
-    session.display().clickCell(1);
-    session.display().deleteSelected();
-    EXPECT_EQ(session.display().DisplayCodes(), "a01a05");
-    strip.insertCurrent();
-    EXPECT_EQ(shown(), "a05 b47 - - - - - -");
-}
-
-TEST_F(FavouritesStripTest, RefusesNoSignAndTheMissingSign)
-{
-    drive.write("C:\\programmi\\Karvel\\preferiti", "as it was");
     ui.expect({.title = "Sistema:",
                .text = "Selezionare con il mouse il geroglifico da inserire nei preferiti e poi premere F4",
                .icon = Icon::Critical});
-    strip.insertCurrent();
+    strip.insertCurrent();  // nothing is chosen any more
     ui.expect({.title = "Messaggio di sistema",
                .text = "Non è possibile inserire questo carattere nei preferiti",
                .icon = Icon::Critical});
     session.palette().setCurrentSignCode("p47");
     strip.insertCurrent();
-    EXPECT_EQ(shown(), "- - - - - - - -");
-    EXPECT_EQ(session.palette().CurrentSignCode(), "p47");
-    EXPECT_EQ(drive.read("C:\\programmi\\Karvel\\preferiti"), "as it was");
+    EXPECT_EQ(drive.read(kStripPath), page("a02b47"));
+
+    drive.files().remove(kStripPath);
+    drive.write(std::string(kStripPath) + "\\x", "a directory in its place: told to nobody");
+    session.palette().setCurrentSignCode("a05");
+    strip.insertCurrent();
+    EXPECT_EQ(shown(), "a05 b47 - - - - - -");
 }
 
-TEST_F(FavouritesStripTest, TakesTheSignFromAFixedPlaceOfThePath)
+TEST_F(Favourites, TakesTheSignFromAFixedPlaceOfThePath)
 {
-    struct Case {
-        std::string path;
-        std::string sign;
-    };
-    const std::vector<Case> cases = {
+    const struct {
+        std::string path, sign;
+    } kCases[] = {
         {gr("h49"), "h49"},
-        {"c:\\programmi\\karvel\\gr\\a01.gif", "a01"},
         {"D:\\segni però di Luxor\\b02.gif", "b02"},  // counted in characters, not in bytes
         {"C:\\Segni, note e appunti\\c03.gif", "i\\c"},
-        {"C:\\i miei segni di Abido\\a01.gif", "o\\a"},             // whatever stands there
         {"C:\\i miei segni di Giz\xC3\xA0\xC3\xA8\\.gif", "?\\."},  // no text that a phrase can hold
         {"C:\\GR\\a01.gif", ""},
         {"C:\\Programmi\\Karvel\\GR\\a", "a"},
     };
-    for (const Case& each : cases) {
+    for (const auto& [path, sign] : kCases) {
         // In quotes, as a path with a comma must be.
-        drive.write("C:\\programmi\\Karvel\\prefe\\pre1.prf",
-                    quotedLine(each.path) + "\r\n\r\n\r\n\r\n\r\n\r\n\r\n");
+        drive.write(kPages + "pre1.prf", quotedLine(path) + "\r\n\r\n\r\n\r\n\r\n\r\n\r\n");
         strip.showFirstPage();
-        EXPECT_EQ(strip.Favourites()[0], each.path);
-        EXPECT_EQ(strip.signOf(0), each.sign) << each.path;
+        EXPECT_EQ(strip.signOf(0), sign) << path;
     }
 }
 
-TEST_F(FavouritesStripTest, PressingWritesTheSign)
+TEST_F(Favourites, PressingWritesTheSign)
 {
-    fill({"e16", "b47"});
-    press(0);
+    fill("e16b47");
+    session.palette().press(0);
     strip.press(1);
     EXPECT_EQ(session.display().DisplayCodes(), "a01b47");
     EXPECT_EQ(session.palette().CurrentSignCode(), "b47");
     EXPECT_EQ(strip.LastFavouritePressed(), 1);
-    EXPECT_EQ(session.display().cells()[1].path, gr("b47"));
     session.display().undo();
     EXPECT_EQ(session.display().DisplayCodes(), "a01");
-
-    session.display().clearAll();
-    press(0, 84);
-    ui.expect({.title = "SISTEMA", .text = "attenzione limite massimo caratteri 84", .icon = Icon::Critical});
-    strip.press(0);
-    EXPECT_EQ(session.display().signs(), 84U);
-    EXPECT_EQ(session.palette().CurrentSignCode(), "a01");
-    EXPECT_EQ(strip.LastFavouritePressed(), 1);
 }
 
-TEST_F(FavouritesStripTest, MarkMovesOverVisibleButtonsAndWandersAfterADeletion)
+TEST_F(Favourites, MarkMovesOverVisibleButtonsAndWandersAfterADeletion)
 {
-    fill({"a01", "a02", "a03"});
+    fill("a01a02a03");
     strip.openPanel();
     EXPECT_TRUE(strip.panelVisible());
-    EXPECT_EQ(shown(), "a01* a02 a03 - - - - -");
     strip.markLeft();
-    strip.markRight();
-    EXPECT_EQ(shown(), "a01 a02* a03 - - - - -");
-    strip.markRight();
-    strip.markRight();
+    EXPECT_EQ(shown(), "a01* a02 a03 - - - - -");
+    for (int i = 0; i < 3; ++i) {
+        strip.markRight();
+    }
     EXPECT_EQ(shown(), "a01 a02 a03* - - - - -");
     strip.markLeft();
-
     strip.deleteMarked();
     EXPECT_EQ(shown(), "a01 a03* - - - - - -");  // the caption stays,
     EXPECT_EQ(strip.SelectedFavourite(), 0);     // the mark goes back
     EXPECT_EQ(strip.FavouriteCount(), -1);
-    EXPECT_EQ(drive.read("C:\\programmi\\Karvel\\preferiti"), page({"a01", "a03", "", "", "", "", "", ""}));
+    EXPECT_EQ(drive.read(kStripPath), page("a01a03"));
     strip.deleteMarked();
-    EXPECT_EQ(strip.Favourites()[0], gr("a03"));
     strip.closePanel();
     EXPECT_EQ(shown(), "a03 - - - - - - -");
     EXPECT_FALSE(strip.panelVisible());
-}
 
-TEST_F(FavouritesStripTest, MarkStaysOnAFullStrip)
-{
-    fill({"a01", "a02", "a03", "a04", "a05", "a06", "a07", "a08"});
+    fill("a01a02a03a04a05a06a07a08");
     strip.openPanel();
     for (int i = 0; i < 9; ++i) {
         strip.markRight();
     }
-    EXPECT_EQ(strip.SelectedFavourite(), 7);
     EXPECT_EQ(shown(), "a01 a02 a03 a04 a05 a06 a07 a08*");
-    // Only the last place gets empty: one step back.
-    strip.deleteMarked();
+    strip.deleteMarked();  // only the last place gets empty: one step back
     EXPECT_EQ(strip.SelectedFavourite(), 6);
     strip.deleteMarked();
     EXPECT_EQ(strip.SelectedFavourite(), 4);
     EXPECT_EQ(strip.Favourites()[5], gr("a06"));
-    EXPECT_TRUE(strip.Favourites()[6].empty());
-
-    strip.hide();
-    EXPECT_EQ(shown(), "- - - - - - - -*");
-    strip.showFirstPage();
     strip.deleteAll();
     EXPECT_EQ(shown(), "- - - - - - - -*");
     EXPECT_EQ(strip.FavouriteCount(), 0);
-    EXPECT_EQ(drive.read("C:\\programmi\\Karvel\\preferiti"), page({"", "", "", "", "", "", "", ""}));
+    EXPECT_EQ(drive.read(kStripPath), page(""));
 }
 
-TEST_F(FavouritesStripTest, FacilitatedEmptiesTheButtonsAndKeepsTheSlots)
+TEST_F(Favourites, HidingKeepsTheSlots)
 {
-    fill({"a01", "a02"});
-    strip.hideForFacilitated();
+    fill("a01a02");
+    strip.hide();
     EXPECT_EQ(shown(), "- - - - - - - -");
+    session.palette().press(2);
+    strip.insertCurrent();
+    EXPECT_EQ(shown(), "a03 a02 - - - - - -");
+    strip.hideForFacilitated();
     EXPECT_EQ(strip.Favourites()[1], gr("a02"));
-    press(2);
+    session.palette().press(3);
     strip.insertCurrent();
-    EXPECT_EQ(shown(), "a03 - - - - - - -");  // the others hold no picture
+    EXPECT_EQ(shown(), "a04 - - - - - - -");  // the others hold no picture
 }
 
-TEST_F(FavouritesStripTest, AStripFileThatCannotBeWrittenChangesNothingElse)
+TEST_F(Favourites, TurnsPagesBetweenItsBounds)
 {
-    drive.write("C:\\programmi\\Karvel\\preferiti\\x", "a directory in its place");
-    press(0);
-    strip.insertCurrent();
-    EXPECT_EQ(shown(), "a01 - - - - - - -");
-}
-
-TEST_F(FavouritesStripTest, TurnsPagesBetweenItsBounds)
-{
-    fill({"a01"});
-    drive.write("C:\\programmi\\Karvel\\prefe\\PRE2.PRF", page({"b01", "b02"}));  // short, no third line
-    drive.write("C:\\programmi\\Karvel\\prefe\\pre99.prf", page({"", "", "", "", "", "", "", "c01"}));
-
-    EXPECT_EQ(strip.pageName(), "pre1");
-    strip.previousPage();
-    EXPECT_EQ(session.FavouritePage, 1);
-    EXPECT_EQ(shown(), "a01 - - - - - - -");
-    strip.nextPage();
-    EXPECT_EQ(strip.pageName(), "pre2");
-    EXPECT_EQ(shown(), "b01 b02 - - - - - -");
-    strip.nextPage();  // no file: the new name over the old favourites
-    EXPECT_EQ(strip.pageName(), "pre3");
-    EXPECT_EQ(shown(), "b01 b02 - - - - - -");
+    fill("a01");
+    drive.write(kPages + "PRE2.PRF", page("b01b02", 2));  // short, no third line
+    const std::string two = "b01 b02 - - - - - -";
+    const struct {
+        std::int16_t from;
+        bool next;
+        const char* name;
+        std::string shows;
+    } kSteps[] = {
+        {1, false, "pre1", "a01 - - - - - - -"},
+        {1, true, "pre2", two},
+        {2, true, "pre3", two},  // no file: the new name over the old favourites
+        {99, true, "pre99", two},
+        {11569, true, "pre11569", two},  // the code view leaves its count here
+        {11569, false, "pre11568", two},
+        {0, false, "pre0", two},
+    };
+    for (const auto& [from, next, name, shows] : kSteps) {
+        session.FavouritePage = from;
+        next ? strip.nextPage() : strip.previousPage();
+        EXPECT_EQ(strip.pageName(), name);
+        EXPECT_EQ(shown(), shows) << name;
+    }
     strip.showFirstPage();
-    EXPECT_EQ(strip.pageName(), "pre3");
-    EXPECT_EQ(session.FavouritePage, 3);
-    session.FavouritePage = 99;
-    strip.nextPage();
-    EXPECT_EQ(strip.pageName(), "pre99");
-    EXPECT_EQ(shown(), "- - - - - - - c01");
-
-    // The code view leaves its count here.
-    session.FavouritePage = 11569;
-    strip.nextPage();
-    EXPECT_EQ(strip.pageName(), "pre11569");
-    strip.previousPage();
-    EXPECT_EQ(strip.pageName(), "pre11568");
-    session.FavouritePage = 0;
-    strip.previousPage();
     EXPECT_EQ(strip.pageName(), "pre0");
 }
 
-TEST_F(FavouritesStripTest, SavesNineLinesAndLoadsEight)
+TEST_F(Favourites, SavesNineLinesAndLoadsEight)
 {
-    fill({"a01", "a02", "a03", "a04", "a05", "a06", "a07", "a08"});
+    fill("a01a02a03a04a05a06a07a08");
     strip.save("");
-    strip.save("C:\\programmi\\Karvel\\prefe\\mie");
-    std::string second = "C:\\programmi\\Karvel\\prefe\\mie.prf";  // gets a second ending
-#if !defined(_WIN32)
-    second =
-        utf8Path(drive.host(second));  // the host's own path; on Windows it has a drive letter like any other
-#endif
-    strip.save(second);
-    const std::string expected = page({"a01", "a02", "a03", "a04", "a05", "a06", "a07", "a08", ""});
-    EXPECT_EQ(drive.read("C:\\programmi\\Karvel\\prefe\\mie.prf"), expected);
-    EXPECT_EQ(drive.read("C:\\programmi\\Karvel\\prefe\\mie.prf.prf"), expected);
+    strip.save(kPages + "mie");
+    strip.save(kPages + "mie.prf");  // gets a second ending
+    EXPECT_EQ(drive.read(kPages + "mie.prf"), page("a01a02a03a04a05a06a07a08", 9));
+    EXPECT_EQ(drive.read(kPages + "mie.prf.prf"), page("a01a02a03a04a05a06a07a08", 9));
+    EXPECT_THROW(strip.save("C:\\nowhere\\mie"), RuntimeError);
 
     strip.deleteAll();
-    strip.load("C:\\programmi\\Karvel\\prefe\\mie.PRF");
+    strip.load(kPages + "mie.PRF");
     strip.load("");
     EXPECT_EQ(shown(), "- - - - - - - -");
-    strip.load("C:\\programmi\\Karvel\\prefe\\mie.prf");
-    EXPECT_EQ(shown(), "a01 a02 a03 a04 a05 a06 a07 a08");
-}
-
-TEST_F(FavouritesStripTest, WhatCannotBeReadWholeLeavesTheStrip)
-{
-    fill({"a01", "a02"});
-    struct Case {
-        std::string_view bytes;
-        ErrorNumber number;
-    };
-    const std::vector<Case> cases = {
-        {"x\r\ny\r\n", ErrorNumber::InputPastEnd},
-        {"", ErrorNumber::InputPastEnd},
-        {"\"never closed\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n", ErrorNumber::InputPastEnd}};
-    for (const Case& each : cases) {
-        drive.write("C:\\programmi\\Karvel\\prefe\\pre1.prf", each.bytes);
-        for (const bool first : {true, false}) {
-            try {
-                first ? strip.showFirstPage() : strip.load("C:\\programmi\\Karvel\\prefe\\pre1.prf");
-                ADD_FAILURE() << each.bytes;
-            } catch (const RuntimeError& error) {
-                EXPECT_EQ(error.number(), each.number) << each.bytes;
-            }
-        }
-        EXPECT_EQ(shown(), "a01 a02 - - - - - -");
+    strip.load(kPages + "mie.prf");
+    for (const std::string& bytes :
+         {std::string("x\r\ny\r\n"), "\"never closed" + page("a05"), page("b01b02", 7)}) {
+        drive.write(kPages + "pre1.prf", bytes);
+        EXPECT_THROW(strip.showFirstPage(), RuntimeError);
+        EXPECT_THROW(strip.load(kPages + "pre1.prf"), RuntimeError);
+        EXPECT_EQ(shown(), "a01 a02 a03 a04 a05 a06 a07 a08");
     }
-    EXPECT_THROW(strip.load("C:\\programmi\\Karvel\\prefe\\none.prf"), RuntimeError);
-    EXPECT_THROW(strip.save("C:\\nowhere\\mie"), RuntimeError);
-    EXPECT_EQ(shown(), "a01 a02 - - - - - -");
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <thread>
 
 #include "base/SignCode.hpp"
@@ -10,41 +9,22 @@
 #include "support/ScriptedUi.hpp"
 #include "support/TemporaryDrive.hpp"
 
-#if !defined(_WIN32)
-#include <sys/resource.h>
-
-#include <csignal>
-#endif
-
 namespace karvel {
 namespace {
 
 using End = DictionaryInsertion::End;
 using testing::record;
 
-const MessageBox kNothingTyped{
-    .title = "ERRORE", .text = "NON HAI INSERITO NULLA !\n\nRIDIGITA IL TESTO", .icon = Icon::Critical};
-const MessageBox kQuotes{
-    .title = "ATTENZIONE",
-    .text = "Non è possibile utilizzare le virgolette nella frase.\n\nSostituirle con parentesi.",
-    .icon = Icon::Exclamation};
-const MessageBox kKnown{.title = "ERRORE", .text = "Questa parola esiste già !"};
-const MessageBox kNothingComposed{
-    .title = "ERRORE", .text = "NON HAI SCRITTO NULLA !", .icon = Icon::Question};
-
-MessageBox errorBox(int number, const std::string& text)
+MessageBox failureBox(const std::string& failure)
 {
     return {.title = "ERRORE",
-            .text = "C'e' un errore nel file dizio.txt ERR>" + std::to_string(number) + "\n" + text +
+            .text = "C'e' un errore nel file dizio.txt ERR>" + failure +
                     "\nCi sono caratteri in meno o in più nel file !",
             .icon = Icon::Critical};
 }
 
 class Insertion : public ::testing::Test {
   protected:
-    void dictionary(const std::string& bytes) { drive_.write(kDictionaryPath, bytes); }
-    [[nodiscard]] std::string dictionary() const { return drive_.read(kDictionaryPath); }
-
     End add(std::string_view codes, DictionaryInsertion::Texts texts)
     {
         return DictionaryInsertion(drive_.files(), ui_, last_).confirm(codes, std::move(texts));
@@ -68,31 +48,47 @@ class Insertion : public ::testing::Test {
 TEST_F(Insertion, RefusesInTheOrderOfTheFieldsAndWritesNothing)
 {
     const std::string old = record("a01", "uomo", "s", "nota vecchia");
+    const std::string cut = record("b02", "due", "", "letta") + "\"c03\"\r\n\"tre";
+    const MessageBox nothingTyped{
+        .title = "ERRORE", .text = "NON HAI INSERITO NULLA !\n\nRIDIGITA IL TESTO", .icon = Icon::Critical};
+    const MessageBox quotes{
+        .title = "ATTENZIONE",
+        .text = "Non è possibile utilizzare le virgolette nella frase.\n\nSostituirle con parentesi.",
+        .icon = Icon::Exclamation};
     const MessageBox lacking{.title = "ATTENZIONE",
                              .text = "Questi caratteri non possono essere scritti nel dizionario: ☺ꜣ",
                              .icon = Icon::Critical};
-    struct Case {
-        std::string codes;
+    const MessageBox nothingComposed{
+        .title = "ERRORE", .text = "NON HAI SCRITTO NULLA !", .icon = Icon::Question};
+    const struct {
+        std::string dictionary, codes;
         DictionaryInsertion::Texts texts;
         MessageBox box;
-        End end;
+        End end = End::Refused;
+    } kCases[] = {
+        {old, "b02", {"", "\"", "\""}, nothingTyped},  // only the first field must be filled
+        {old, "b02", {"ca\"sa", "", ""}, quotes},
+        {old, "b02", {"casa", "\"", ""}, quotes},
+        {old, "b02", {"casa ☺", "ꜣ", "\""}, quotes},  // quotes before characters
+        {old, "a\"2", {"casa", "", ""}, quotes},
+        {old, "b02", {"casa ☺", "ꜣ", "☺"}, lacking},
+        {old, "", {"casa", "", ""}, nothingComposed},  // emptied while the dialog was open
+        {cut, "a01", {"casa", "", ""}, failureBox("62\nInput oltre la fine del file"), End::Failed},
+        {"(none)", "a01", {"casa", "", ""}, failureBox("53\nFile non trovato"), End::Failed},
+        {old,
+         "a01",
+         {"altro", "", ""},
+         {.title = "ERRORE", .text = "Questa parola esiste già !"},
+         End::Duplicate},
     };
-    const Case cases[] = {
-        {"b02", {"", "\"", "\""}, kNothingTyped, End::Refused},  // only the first field must be filled
-        {"b02", {"ca\"sa", "", ""}, kQuotes, End::Refused},
-        {"b02", {"casa", "\"", ""}, kQuotes, End::Refused},
-        {"b02", {"casa", "", "\""}, kQuotes, End::Refused},
-        {"b02", {"casa ☺", "ꜣ", "☺ \""}, kQuotes, End::Refused},  // quotes before characters
-        {"b02", {"casa ☺", "ꜣ", "☺"}, lacking, End::Refused},
-        {"", {"casa", "", ""}, kNothingComposed, End::Refused},  // emptied while the dialog was open
-        {"a\"2", {"casa", "", ""}, kQuotes, End::Refused},
-        {"a01", {"altro", "", ""}, kKnown, End::Duplicate},
-    };
-    for (const Case& each : cases) {
-        dictionary(old);
-        ui_.expect(each.box);
-        EXPECT_EQ(each.end, add(each.codes, each.texts)) << each.box.text;
-        EXPECT_EQ(old, dictionary());
+    for (const auto& [dictionary, codes, texts, box, end] : kCases) {
+        drive_.write(kDictionaryPath, dictionary);
+        if (dictionary == "(none)") {
+            drive_.files().remove(kDictionaryPath);
+        }
+        ui_.expect(box);
+        EXPECT_EQ(end, add(codes, texts)) << box.text;
+        EXPECT_EQ(dictionary, drive_.read(kDictionaryPath));
     }
     EXPECT_EQ("nota vecchia", last_.note);  // the search for a duplicate read it
     EXPECT_EQ("", last_.translation);
@@ -101,79 +97,29 @@ TEST_F(Insertion, RefusesInTheOrderOfTheFieldsAndWritesNothing)
 TEST_F(Insertion, AppendsFourQuotedLinesThatTheNextReadingFinds)
 {
     const std::string old = record("a01p19", "uomo");
-    struct Case {
-        std::string before;
-        std::string kept;  ///< what of it stands before the new record afterwards
-    };
-    const Case cases[] = {
+    const struct {
+        std::string before, kept;  ///< `kept` stands before the new record afterwards
+    } kCases[] = {
         {"", ""},
         {old, old},
         {old.substr(0, old.size() - 2), old},  // without its last line end
-        {"\"c03\",\"tre\",\"\",\"\"\n", "\"c03\",\"tre\",\"\",\"\"\n"},
-        {"\"c03\",\"tre\",\"\",\"\"", "\"c03\",\"tre\",\"\",\"\"\r\n"},
-        {old + "\r\n", old},  // blank lines would shift the fields of what follows
-        {old + " \r\n\n  \r\n   ", old},
-        {old + std::string(500, '\n'), old},  // more of them than the record is long
-        {old + "   ", old},
         {"\"c03\",\"tre\",\"\",\"\"  ", "\"c03\",\"tre\",\"\",\"\"  \r\n"},
+        {old + " \r\n\n  \r\n   ", old},  // blank lines would shift the fields of what follows
+        {old + std::string(500, '\n'), old},
         {" \r\n\r\n", ""},
     };
-    for (const Case& each : cases) {
-        dictionary(each.before);
-        const std::size_t before = entries().size();
-        EXPECT_EQ(End::Written, add("a01", {"  La città, l'Àncora ", "", "*foto 1"}));
-        std::string expected =
-            each.kept + "\"a01\"\r\n\"  La citt\xE0, l'\xC0ncora \"\r\n\"\"\r\n\"*foto 1\"\r\n";
-        EXPECT_EQ(expected, dictionary());
-        ASSERT_EQ(before + 1, entries().size());
-        EXPECT_EQ((DictionaryEntry{"a01", "  La città, l'Àncora ", "", "*foto 1"}), entries().back());
+    for (const auto& [before, kept] : kCases) {
+        drive_.write(kDictionaryPath, before);
+        EXPECT_EQ(End::Written, add("a01", {"  La città,\r\nl'Àncora ", "", "*foto\n\u20281"}));
+        EXPECT_EQ(kept + "\"a01\"\r\n\"  La citt\xE0, l'\xC0ncora \"\r\n\"\"\r\n\"*foto  1\"\r\n",
+                  drive_.read(kDictionaryPath));
+        EXPECT_EQ((DictionaryEntry{"a01", "  La città, l'Àncora ", "", "*foto  1"}), entries().back());
     }
 }
 
-TEST_F(Insertion, TurnsPastedLineEndsIntoBlanks)
-{
-    dictionary("");
-    EXPECT_EQ(End::Written, add("a01", {"una\r\ndue", "tre\n\nquattro\r", "cinque\u2028sei"}));
-    EXPECT_EQ((DictionaryEntry{"a01", "una due", "tre  quattro ", "cinque sei"}), entries().at(0));
-}
-
-TEST_F(Insertion, ReportsADictionaryThatCannotBeReadAndStaysOpen)
-{
-    ui_.expect(errorBox(53, "File non trovato"));
-    EXPECT_EQ(End::Failed, add("a01", {"casa", "", ""}));
-    EXPECT_EQ("(none)", dictionary());
-
-    const std::string cut = record("b02", "due", "", "letta") + "\"c03\"\r\n\"tre";
-    dictionary(cut);
-    ui_.expect(errorBox(62, "Input oltre la fine del file"));
-    EXPECT_EQ(End::Failed, add("a01", {"casa", "", ""}));
-    EXPECT_EQ(cut, dictionary());
-    EXPECT_EQ("letta", last_.note);
-}
-
-#if !defined(_WIN32)
-TEST_F(Insertion, LeavesAFullDiskAsItWas)
-{
-    const std::string old = record("b02", "due") + "\r\n \r\n";
-    dictionary(old);
-    rlimit before{};
-    ASSERT_EQ(0, ::getrlimit(RLIMIT_FSIZE, &before));
-    rlimit tight = before;
-    tight.rlim_cur = old.size() + 30;
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &tight));
-    ui_.expect(errorBox(61, "Disco pieno"));
-    const End end = add("a01", {"una traduzione che non ha più posto nel file", "", ""});
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, oldHandler);
-    EXPECT_EQ(End::Failed, end);
-    EXPECT_EQ(old, dictionary());
-}
-#endif
-
 TEST_F(Insertion, LosesNoEntryWhenSeveralProgramsAppend)
 {
-    dictionary("");
+    drive_.write(kDictionaryPath, "");
     constexpr int kEach = 25;
     const auto work = [this](char category) {
         testing::ScriptedUi ui;
@@ -188,9 +134,6 @@ TEST_F(Insertion, LosesNoEntryWhenSeveralProgramsAppend)
     work('a');
     other.join();
     EXPECT_EQ(2u * kEach, entries().size());
-    for (const DictionaryEntry& entry : entries()) {
-        EXPECT_EQ(std::string(50, entry.signs[0]), entry.translation);
-    }
 }
 
 }  // namespace

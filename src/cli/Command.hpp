@@ -55,6 +55,7 @@ void complain(std::string_view message);
 Exit search(const Arguments& arguments);
 /// The words of `phrase`, sign codes, one a line; what remains on standard error.
 Exit splitPhrase(const FileSystem& files, std::string_view path, std::string_view phrase);
+Exit findWords(const Arguments& arguments);
 Exit searchItalian(const Arguments& arguments);
 Exit transcribeName(const Arguments& arguments);
 Exit addEntry(const Arguments& arguments);

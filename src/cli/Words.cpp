@@ -4,6 +4,7 @@
 #include "cli/Command.hpp"
 #include "cli/Matches.hpp"
 #include "cli/Output.hpp"
+#include "cli/TerminalUi.hpp"
 #include "dictionary/TranslationLookup.hpp"
 #include "dictionary/WordSplitter.hpp"
 #include "text/CodePage.hpp"
@@ -14,20 +15,6 @@
 namespace karvel::cli {
 
 namespace {
-
-/// Prints messages on standard error; nobody is there to answer.
-class TerminalUi : public UserInterface {
-  public:
-    Button ask(const MessageBox& box) override
-    {
-        complain(box.text);
-        return box.buttons == Buttons::YesNo ? Button::No : Button::Ok;
-    }
-    std::optional<std::string> input(const std::string&, const std::string&) override { return std::nullopt; }
-    void beep() override {}
-    void setBusy(bool) override {}
-    bool continueReading(std::uint64_t, std::uint64_t) override { return true; }
-};
 
 Exit exitOf(DictionaryInsertion::End end)
 {

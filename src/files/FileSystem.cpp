@@ -88,6 +88,15 @@ std::string FileSystem::readAll(std::string_view path, std::size_t limit) const
     return bytes;
 }
 
+FileState FileSystem::state(std::string_view path) const
+{
+    const std::uint64_t size = open(path)->size();  // reports what is missing as every reading does
+    std::error_code error;
+    const auto written = fs::last_write_time(drives_.toHost(path), error);
+    return {.size = size,
+            .written = error ? 0 : static_cast<std::int64_t>(written.time_since_epoch().count())};
+}
+
 bool FileSystem::exists(std::string_view path) const
 {
     std::error_code error;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -16,6 +17,15 @@ enum class Durability { Disk, Process };
 /// What an append does with blank lines at the end of the file. In a file of records they are no record
 /// there, but would be read as empty fields once something follows them.
 enum class BlankTail { Keep, WriteOver };
+
+/// What changes when a file is written: its size in bytes and the time of the last writing, in ticks of the
+/// host's clock.
+struct FileState {
+    std::uint64_t size = 0;
+    std::int64_t written = 0;
+
+    friend bool operator==(const FileState&, const FileState&) = default;
+};
 
 /// The files of the system, by their paths in the system's own form (or the host's). Contents are bytes of
 /// the code page. All functions throw RuntimeError: 53 file missing, 76 directory missing, 70 not allowed,
@@ -34,6 +44,9 @@ class FileSystem {
 
     /// True when a plain file is at `path`.
     [[nodiscard]] bool exists(std::string_view path) const;
+
+    /// The state of the plain file at `path`.
+    [[nodiscard]] FileState state(std::string_view path) const;
 
     /// Makes `bytes` the whole content of `path`, created when missing. On failure the file is as it was.
     void replace(std::string_view path, std::string_view bytes,

@@ -1,0 +1,123 @@
+#include "dictionary/WordFinder.hpp"
+
+#include <gtest/gtest.h>
+
+#include "support/ScriptedUi.hpp"
+#include "support/TemporaryDrive.hpp"
+#include "text/CodePage.hpp"
+#include "text/Transliteration.hpp"
+
+namespace karvel {
+namespace {
+
+using testing::record;
+
+/// nfr is d51 f21 b47 (F35 I9 D21).
+std::string dictionary()
+{
+    return record("d51f21b47", "buono, bello, perfetto", "nfr") + record("d51f21b47", "bene", "nfr") +
+           record("d51", "buono, bello, perfetto", "nfr") + record("b47d51", "fare (di re)", "iri") +
+           record("a01", "figlio del re", "zA-nswt") + record("a02", "re, re dell'Alto Egitto", "nswt, nsw") +
+           record("a03", "re", "bi.ti") + record("a04", "dietro", "HA") + record("a05", "oh!", "hA") +
+           record("a06", encode("città, perché"), "niw.t") + record("a07", "vita", "anx");
+}
+
+class Finding : public ::testing::Test {
+  protected:
+    void SetUp() override { drive.write(kDictionaryPath, dictionary()); }
+
+    /// "kind: TRANSLITERATION=TRANSLATION; ..." of the words in their order.
+    std::string asked(std::string_view text, std::optional<QuestionKind> kind = {})
+    {
+        const WordFinder::Result result = finder.ask(text, kind);
+        std::string told = std::string(nameOf(result.kind)) + ":";
+        for (std::size_t line = 0; line < result.answers.words(); ++line) {
+            const Answers::Word& word = result.answers.word(line);
+            told += " " + result.answers.best(word).entry->translation + "/" +
+                    std::to_string(word.spellings.size()) + ";";
+        }
+        return told + (result.failure ? " error" : "") + (result.stopped ? " stopped" : "");
+    }
+
+    testing::TemporaryDrive drive;
+    testing::ScriptedUi ui;
+    WordFinder finder{drive.files(), ui};
+};
+
+TEST_F(Finding, RanksTheAnswersOfEachKind)
+{
+    const struct {
+        std::string_view text, answer;
+    } cases[] = {
+        // A translation that is the word, the word alone as a sense, the word among others, in a remark.
+        {"re", "italiano: re/1; re, re dell'Alto Egitto/1; figlio del re/1; fare (di re)/1;"},
+        {"BELLO", "italiano: buono, bello, perfetto/2;"},
+        {"citta", "italiano: città, perché/1;"},
+        {"perche", "italiano: città, perché/1;"},
+        {"re figlio", "italiano: figlio del re/1;"},  // all words, in any order
+        {"re casa", "italiano:"},
+        {"egit", "italiano: re, re dell'Alto Egitto/1;"},
+        {"fett", "italiano: buono, bello, perfetto/2;"},
+        {"nfr", "traslitterazione: buono, bello, perfetto/2; bene/1;"},
+        {"nsw", "traslitterazione: re, re dell'Alto Egitto/1; figlio del re/1;"},
+        {"sA nswt", "traslitterazione: figlio del re/1;"},  // z is s, marks do not count
+        {"ꜥnḫ", "traslitterazione: vita/1;"},
+        {"h\xCC\xA3\xEA\x9C\xA3", "traslitterazione: dietro/1; oh!/1;"},  // a letter and its mark
+        {"HA", "traslitterazione: dietro/1; oh!/1;"},
+        {"hA", "traslitterazione: oh!/1; dietro/1;"},  // exact letters first
+        {"bjtj", "traslitterazione: re/1;"},
+        {"n?r", "traslitterazione: buono, bello, perfetto/2; bene/1;"},
+        {"*tj", "traslitterazione: re/1;"},
+        {"F35 I9", "segni: buono, bello, perfetto/1; bene/1;"},
+        {"D21 + F35", "segni: buono, bello, perfetto/1; bene/1; fare (di re)/1;"},
+        {"F35 + F35", "segni:"},
+        {"\xF0\x93\x84\xA4", "segni: buono, bello, perfetto/2; bene/1; fare (di re)/1;"},
+        {" ", "italiano:"},
+    };
+    for (const auto& [text, answer] : cases) {
+        EXPECT_EQ(asked(text), answer) << text;
+    }
+    EXPECT_EQ(asked("re", QuestionKind::Transliteration), "traslitterazione:");
+}
+
+TEST_F(Finding, FollowsTheFileAndKeepsWhatStandsBeforeAFault)
+{
+    EXPECT_EQ(asked("vita"), "italiano: vita/1;");
+    drive.write(kDictionaryPath, dictionary() + record("a08", "vita lunga", "anx-w") + "\"a09\"\r\n");
+    EXPECT_EQ(asked("vita"), "italiano: vita/1; vita lunga/1; error");
+    WordFinder small(drive.files(), ui, kDictionaryPath, 3);  // too small: each question reads the file
+    const auto [kind, answers, failure, stopped] = small.ask("vita");
+    EXPECT_EQ(answers.counts(), "2 parole, 2 voci");
+    EXPECT_TRUE(failure);
+    ui.stopReading = true;
+    EXPECT_TRUE(small.ask("vita").stopped);
+}
+
+TEST(Answers, AreFoldedRankedAndMarked)
+{
+    TextSource source(dictionary() + record("f21d51f21", "x", "x"));
+    RecordReader reader(std::make_unique<TextSource>(source));
+    Answers answers;
+    addMatches(reader, 3, "f21", answers);
+    answers.sort(Answers::Order::BestFirst);
+    EXPECT_EQ(answers.counts(), "3 parole, 3 voci");
+    EXPECT_EQ(answers.best(answers.word(0)).entry->translation, "x");  // begins with the phrase
+    EXPECT_EQ(answers.best(answers.word(1)).markedFrom, 1U);
+    answers.sort(Answers::Order::FileOrder);
+    EXPECT_EQ(answers.best(answers.word(2)).entry->translation, "x");
+    RecordReader again(std::make_unique<TextSource>(source));
+    Answers ending;
+    addMatches(again, 5, "f21", ending);
+    EXPECT_EQ(ending.counts(), "1 parola, 1 voce");
+    EXPECT_EQ(ending.all()[0].markedFrom, 2U);  // the one at the end, of two
+}
+
+TEST(Transliteration, IsPrintedWithMarksWhereItIsOne)
+{
+    EXPECT_EQ(printedTransliteration("Htp-di-nswt, sDAw"), "ḥtp-di-nswt, sḏꜣw");
+    EXPECT_EQ(printedTransliteration("preposizione Aa"), "preposizione Aa");
+    EXPECT_EQ(asciiTransliteration("ḥtp=f Ꜥḥꜥ s\xCC\x8Cw"), "Htp=f aHa Sw");
+}
+
+}  // namespace
+}  // namespace karvel

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "text/CodePage.hpp"
+#include "text/Transliteration.hpp"
 
 namespace karvel {
 
@@ -60,27 +61,6 @@ Place placeOf(std::string_view word, std::string_view text)
 }
 
 }  // namespace
-
-std::string asciiTransliteration(std::string_view utf8)
-{
-    static const std::unordered_map<char32_t, char> kLetters = {
-        {U'ꜣ', 'A'},   {U'Ꜣ', 'A'}, {U'ꜥ', 'a'}, {U'Ꜥ', 'a'}, {U'ʿ', 'a'}, {U'ʾ', 'A'},
-        {U'ꞽ', 'i'}, {U'ỉ', 'i'}, {U'ï', 'i'}, {U'ḥ', 'H'}, {U'Ḥ', 'H'}, {U'ḫ', 'x'},
-        {U'Ḫ', 'x'},   {U'ẖ', 'X'}, {U'š', 'S'}, {U'Š', 'S'}, {U'ś', 's'}, {U'ḳ', 'q'},
-        {U'Ḳ', 'q'},   {U'ṯ', 'T'}, {U'Ṯ', 'T'}, {U'ḏ', 'D'}, {U'Ḏ', 'D'}, {U'ṱ', 't'}};
-    constexpr char32_t kCombiningLow = 0x0300;
-    constexpr char32_t kCombiningHigh = 0x036F;
-    std::string ascii;
-    for (std::size_t at = 0; at < utf8.size();) {
-        const char32_t character = nextCharacter(utf8, at);
-        if (const auto letter = kLetters.find(character); letter != kLetters.end()) {
-            ascii += letter->second;
-        } else if (character < kCombiningLow || character > kCombiningHigh) {
-            appendCharacter(ascii, character);
-        }
-    }
-    return ascii;
-}
 
 SignFinder::SignFinder(const SignRepertoire& repertoire)
 {

@@ -49,7 +49,4 @@ class SignFinder {
     unsigned long clock_ = 0;
 };
 
-/// Transliteration with the scholars' letters (ꜣ ꜥ ḥ ḫ ẖ š ḳ ṯ ḏ ...) in the ASCII letters of the repertoire.
-[[nodiscard]] std::string asciiTransliteration(std::string_view utf8);
-
 }  // namespace karvel

@@ -51,7 +51,10 @@ class WordFinder::Inquiry {
     {
         const Asked* best = nullptr;
         for (const Asked& asked : questions_) {
-            if (best == nullptr || (asked.best && (!best->best || *asked.best < *best->best))) {
+            const bool better = asked.best && (best == nullptr || !best->best || *asked.best < *best->best);
+            // Gardiner numbers without an answer are still no Italian.
+            const bool surer = best != nullptr && !best->best && asked.question.kind() == QuestionKind::Signs;
+            if (best == nullptr || better || surer) {
                 best = &asked;
             }
         }

@@ -24,7 +24,7 @@ constexpr std::array kPrinted = {
     Printed{0xA725, 'a'}, Printed{0xA724, 'a'}, Printed{0x02BF, 'a'}, Printed{0x02BD, 'a'},
     Printed{0x1E25, 'H'}, Printed{0x1E24, 'H'}, Printed{0x1E2B, 'x'}, Printed{0x1E2A, 'x'},
     Printed{0x1E96, 'X'}, Printed{0x0161, 'S'}, Printed{0x0160, 'S'}, Printed{0x1E6F, 'T'},
-    Printed{0x1E6E, 'T'}, Printed{0x1E71, 'T'}, Printed{0x1E0F, 'D'}, Printed{0x1E0E, 'D'},
+    Printed{0x1E6E, 'T'}, Printed{0x1E71, 't'}, Printed{0x1E0F, 'D'}, Printed{0x1E0E, 'D'},
     Printed{0x1E33, 'q'}, Printed{0x1E32, 'q'}, Printed{0x015B, 's'}, Printed{0x015A, 's'},
     Printed{0xA7BD, 'i'}, Printed{0xA7BC, 'i'}, Printed{0x1EC9, 'i'}, Printed{0x1EC8, 'i'},
     Printed{0x00EF, 'y'}, Printed{0x1E6D, 'd'}, Printed{0x2E17, '='}, Printed{0x00B7, '.'},
@@ -38,7 +38,7 @@ constexpr std::array<std::pair<std::u32string_view, char>, 11> kMarked = {{
     {U"h\u0331", 'X'},
     {U"s\u030C", 'S'},
     {U"t\u0331", 'T'},
-    {U"t\u032D", 'T'},
+    {U"t\u032D", 't'},
     {U"d\u0331", 'D'},
     {U"k\u0323", 'q'},
     {U"s\u0301", 's'},
@@ -92,7 +92,7 @@ std::string asciiTransliteration(std::string_view text)
             at = behind;
         } else if (const char plain = printedLetter(character)) {
             ascii += plain;
-        } else {
+        } else if (character < 0x0300 || character > 0x036F) {  // other marks change no consonant
             appendCharacter(ascii, character);
         }
     }

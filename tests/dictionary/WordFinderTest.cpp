@@ -95,7 +95,8 @@ TEST_F(Finding, FollowsTheFileAndKeepsWhatStandsBeforeAFault)
 
 TEST(Answers, AreFoldedRankedAndMarked)
 {
-    TextSource source(dictionary() + record("f21d51f21", "x", "x"));
+    const std::string file = dictionary() + record("f21d51f21", "x", "x");
+    const TextSource source(file);
     RecordReader reader(std::make_unique<TextSource>(source));
     Answers answers;
     addMatches(reader, 3, "f21", answers);

@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "compose/SignFinder.hpp"
+#include "text/Transliteration.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Icons.hpp"
 #include "windows/support/Text.hpp"

@@ -128,7 +128,8 @@ TEST_F(CliTest, RefusesWrongUseInItalian)
         std::string complaint;
     } cases[] = {
         {{}, "karvel-cli: manca il comando"},
-        {{"trova"}, "karvel-cli: comando sconosciuto: trova"},
+        {{"traduci"}, "karvel-cli: comando sconosciuto: traduci"},
+        {{"trova", "--italiano", "--segni", "x"}, "karvel-cli trova: si può indicare un solo tipo di testo"},
         {{"cerca"}, "karvel-cli cerca: mancano degli argomenti"},
         {{"cerca", "d51", "a01"}, "karvel-cli cerca: argomento di troppo: a01"},
         {{"cerca", "--modo", "uguale", "d51"}, "karvel-cli cerca: modo sconosciuto: uguale"},

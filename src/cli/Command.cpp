@@ -25,6 +25,9 @@ std::span<const Command> commands()
         Command{"verifica", "[FILE]", "conta le voci di un dizionario e indica la prima dubbia", verifyFile},
         Command{"blocchi", "[--cartiglio] [--gardiner] CODICI",
                 "mostra come i segni si dispongono in blocchi, in Manuel de Codage", printBlocks},
+        Command{"disegna",
+                "[--cartiglio] [--da-destra] [--in-colonna] [--altezza N] [--gardiner] CODICI FILE.svg",
+                "disegna una frase in blocchi alti N pixel (64)", drawPhrase},
         Command{"installa", "[--radice DIR]", "mette al loro posto i dati che mancano", install},
     };
     return kCommands;

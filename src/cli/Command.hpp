@@ -62,5 +62,6 @@ Exit addEntry(const Arguments& arguments);
 Exit verifyFile(const Arguments& arguments);
 Exit install(const Arguments& arguments);
 Exit printBlocks(const Arguments& arguments);
+Exit drawPhrase(const Arguments& arguments);
 
 }  // namespace karvel::cli

@@ -38,6 +38,11 @@ bool isLoaf(const SignTraits& sign)
     return is(sign, "X1");
 }
 
+bool isLand(const SignTraits& sign)
+{
+    return is(sign, "N16") || is(sign, "N17") || is(sign, "N19");
+}
+
 bool isLow(const SignTraits& sign)
 {
     return sign.form == SignForm::Flat || sign.form == SignForm::Small;
@@ -109,7 +114,8 @@ std::optional<int> customaryCost(const SignTraits& above, const SignTraits& belo
 }
 
 /// The loaf is so small that it finds room beside a tall sign: over the tail of a bird that follows, under
-/// the breast of one that precedes, over a woman or a goddess. The tether stands over the chick as well.
+/// the breast of one that precedes, over a woman, a goddess or a man who lies. The tether stands over the
+/// chick as well.
 int costWithTall(const SignTraits& above, const SignTraits& below)
 {
     if (is(above, "V13") && is(below, "G43")) {
@@ -122,7 +128,8 @@ int costWithTall(const SignTraits& above, const SignTraits& below)
         return 130;
     }
     if (isLoaf(above) && below.role == SignRole::Person) {
-        return below.gardiner.starts_with('A') ? 150 : 135;
+        const bool lying = below.width > 1000;
+        return below.gardiner.starts_with('A') && !lying ? 150 : 135;
     }
     return kNever;
 }
@@ -164,6 +171,10 @@ int costOfPair(const SignTraits& above, const SignTraits& below)
         (is(above, "D54") && !isLoaf(below))) {
         return kNever;
     }
+    // The basket means "lord" or "all": a word by itself, to which only its ending and the lands come near.
+    if (&above != &below && (is(below, "V30") || (is(above, "V30") && !isLoaf(below) && !isLand(below)))) {
+        return kNever;
+    }
     if (&above == &below) {
         return 95;
     }
@@ -179,7 +190,7 @@ int costOfThree(Signs signs)
         if (signs[0] == signs[1]) {
             return kGood;
         }
-        return signs[0]->height <= 320 && isLow(*signs[0]) && heightOf(signs) <= 1060 ? 160 : kNever;
+        return isLand(last) && isLow(*signs[0]) && heightOf(signs) <= 1060 ? 160 : kNever;
     }
     if (isLoaf(*signs[0]) && isLoaf(last) && signs[1]->role == SignRole::Bird) {
         return 160;

@@ -86,7 +86,9 @@ TEST_F(Words, AnswersOnTheRightStreamWithTheRightStatus)
 
 TEST_F(Words, ReportsWrongUseAndAMissingDictionary)
 {
-    for (const char* const wrong : {"nome", "italiano", "aggiungi a01", "aggiungi xyz casa", "nome a b", "blocchi", "blocchi F35"}) {
+    for (const char* const wrong :
+         {"nome", "italiano", "aggiungi a01", "aggiungi xyz casa", "nome a b", "blocchi", "blocchi F35",
+          "disegna a01", "disegna --altezza 0 a01 x.svg", "disegna a01 /nessuna/x.svg"}) {
         EXPECT_EQ(2, run(wrong).status) << wrong;
     }
     std::filesystem::remove(drive_.host(kDictionaryPath));

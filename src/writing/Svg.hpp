@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "writing/Placement.hpp"
+#include "writing/SignDrawings.hpp"
+
+namespace karvel {
+
+struct Svg {
+    std::string text;  ///< UTF-8
+    std::vector<std::string>
+        asImages;  ///< codes of signs that have no outline and stand in it as images, each once
+};
+
+/// A picture of `placement` in SVG: black outlines on a transparent ground, no font, blocks `blockPixels`
+/// high. `title` is UTF-8 and says what is written. A sign without outline and image is a dashed box with its
+/// code.
+[[nodiscard]] Svg svgOf(const Placement& placement, double blockPixels, std::string_view title,
+                        SignDrawings& drawings);
+
+}  // namespace karvel

@@ -117,7 +117,7 @@ void Sysform::build()
     resize(520, 480);
 }
 
-/// The sign of life while a drive is read, and the way out.
+/// The progress bar while a drive is read, and the button that stops it.
 QWidget* Sysform::readingLine()
 {
     readingLine_ = new QWidget(this);

@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kRows = 4;
 
-/// `name` where the toolkit takes "&" for the mark of an access key.
+/// `name` for a caption in which the toolkit reads "&" as the mark of an access key.
 QString label(const std::string& name)
 {
     return qtext(name).replace(QLatin1Char('&'), QStringLiteral("&&"));
@@ -73,7 +73,7 @@ Form6::Form6(Desktop& desktop, QWidget* parent)
     tabs_->setFocus();
 }
 
-/// Over the palette of the main window, so that the display shows what is inserted.
+/// Places the window over the palette of the main window, so that the display stays visible.
 void Form6::placeBelowDisplay()
 {
     const QRect main = parentWidget()->geometry();
@@ -168,7 +168,7 @@ void Form6::showState()
     showHints();
 }
 
-/// The list, the tabs and the submenu name the same cards.
+/// Fills the list, the tabs and the submenu with the names of the cards.
 void Form6::showNames()
 {
     if (namesShown_ && shownNames_ == editor_.names()) {

@@ -91,7 +91,7 @@ void Inserimento::confirm()
     }
 }
 
-/// Puts the cursor where the user has to type anew.
+/// Moves the focus to the text that was refused.
 void Inserimento::showDoubtfulText()
 {
     for (QLineEdit* const line : {text1_, text2_, text3_}) {
@@ -102,7 +102,7 @@ void Inserimento::showDoubtfulText()
     }
 }
 
-/// Escape closes only while nothing is typed: a whole entry would be lost to one key.
+/// Escape closes the window only while nothing is typed, so that one key cannot lose a whole entry.
 void Inserimento::keyPressEvent(QKeyEvent* event)
 {
     const bool typedIn = !text1_->text().isEmpty() || !text2_->text().isEmpty() || !text3_->text().isEmpty();

@@ -35,7 +35,7 @@ italiano::italiano(Desktop& desktop, QWidget* parent)
         button("Command1", QStringLiteral("CERCA"), QStringLiteral("cerca le voci con questa traduzione"),
                [&search, word] { search.search(word()); });
     exact->setDefault(true);
-    // Queued: the list of matches has to be gone before a box is shown.
+    // Queued: the list of matches is closed before a box is shown.
     connect(combo1_, &WordBox::enteredOverList, exact, &QPushButton::click, Qt::QueuedConnection);
     QPushButton* const specific = button("Command3", QStringLiteral("Ricerca specifica"),
                                          QStringLiteral("cerca le voci che contengono una parola"),
@@ -89,7 +89,7 @@ void italiano::fill()
     combo1_->setFocus();
 }
 
-/// However the window is closed, it comes here: a search that is still open is closed with it.
+/// All ways to close the window end here. A search that is still open ends with it.
 void italiano::reject()
 {
     desktop_.session().italianSearch().close();

@@ -18,7 +18,7 @@ namespace karvel {
 
 namespace {
 
-/// Where the window opens: so far below the upper edge of the main window, in 1/1440 inch.
+/// Where the window opens: the distance below the upper edge of the main window, in 1/1440 inch.
 constexpr int kBelowMainWindow = 3300;
 
 /// Below the display line, in the middle of the main window, but wholly on the screen.
@@ -94,7 +94,7 @@ void Ingrandimento::fit()
 {
     QSize view = area_->maximumViewportSize();
     phrase_->fit(view);
-    if (phrase_->height() > view.height()) {  // the scroll bar takes its room
+    if (phrase_->height() > view.height()) {  // the scroll bar narrows the view
         view.rwidth() -= area_->verticalScrollBar()->sizeHint().width();
         phrase_->fit(view);
     }

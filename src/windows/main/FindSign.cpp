@@ -23,7 +23,7 @@ namespace {
 constexpr int kIcon = 40;  // logical pixels
 constexpr int kShown = 8;  // rows before the list scrolls
 
-/// Draws a row's sign when the row comes into sight: of forty found, eight are seen.
+/// Draws a row's sign only when the row is visible: of forty rows eight are.
 class SignRow : public QStyledItemDelegate {
   public:
     SignRow(Desktop& desktop, QObject* parent) : QStyledItemDelegate(parent), desktop_(desktop) {}
@@ -138,7 +138,7 @@ void FindSign::move(int step)
     }
 }
 
-/// Several signs with the value typed: there Space takes the next one, elsewhere it parts words.
+/// True when several signs have the value typed. Then Space selects the next one; otherwise it is a blank.
 bool FindSign::homophonesListed() const
 {
     const std::string value = asciiTransliteration(utf8(field_->text().trimmed()));

@@ -27,7 +27,8 @@ namespace karvel {
 
 namespace {
 
-constexpr int kGap = 8;  // logical pixels between the parts of the window
+constexpr int kGap = 8;          // logical pixels between the parts of the window
+constexpr int kPageRests = 150;  // milliseconds without a page turn before other pages are scaled
 
 QLabel* label(const char* name, QWidget* parent)
 {
@@ -53,6 +54,14 @@ QToolButton* Form1::button(const char* name, const QString& tooltip, std::functi
         connect(made, &QToolButton::clicked, this,
                 [this, handler = std::move(handler)] { desktop_.handle(handler); });
     }
+    return made;
+}
+
+QToolButton* Form1::button(const char* name, Symbol symbol, const QString& tooltip,
+                           std::function<void()> handler)
+{
+    QToolButton* const made = button(name, tooltip, std::move(handler));
+    symbols_.emplace_back(made, symbol);
     return made;
 }
 
@@ -84,8 +93,10 @@ QWidget* Form1::displayLine()
     framed->addWidget(cells, 0, 0);
     framed->addWidget(hint_, 0, 0, Qt::AlignCenter);
 
-    csx_ = button("CSX", QStringLiteral("cursore a sinistra"), [&display] { display.cursorLeft(); });
-    cdx_ = button("CDX", QStringLiteral("cursore a destra"), [&display] { display.cursorRight(); });
+    csx_ = button("CSX", Symbol::Left, QStringLiteral("cursore a sinistra"),
+                  [&display] { display.cursorLeft(); });
+    cdx_ = button("CDX", Symbol::Right, QStringLiteral("cursore a destra"),
+                  [&display] { display.cursorRight(); });
     for (QToolButton* const cursor : {csx_, cdx_}) {
         cursor->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
         cursor->setAutoRepeat(true);
@@ -113,25 +124,25 @@ QBoxLayout* Form1::displayButtons()
     connect(command12_, &QPushButton::clicked, this,
             [this, &session] { desktop_.handle([&session] { session.search(); }); });
 
-    deleteSign_ = button("Command4", QStringLiteral("cancella geroglifico selezionato"),
+    deleteSign_ = button("Command4", Symbol::DeleteSign, QStringLiteral("cancella geroglifico selezionato"),
                          [&display] { display.deleteSelected(); });
     auto* const row = new QHBoxLayout;
     row->setSpacing(kGap / 2);
     row->addWidget(command12_);
     row->addSpacing(kGap * 2);
-    row->addWidget(
-        button("Command1", QStringLiteral("vai a inizio frase"), [&display] { display.startOfPhrase(); }));
-    row->addWidget(
-        button("Command3", QStringLiteral("vai a fine frase"), [&display] { display.endOfPhrase(); }));
+    row->addWidget(button("Command1", Symbol::Start, QStringLiteral("vai a inizio frase"),
+                          [&display] { display.startOfPhrase(); }));
+    row->addWidget(button("Command3", Symbol::End, QStringLiteral("vai a fine frase"),
+                          [&display] { display.endOfPhrase(); }));
     row->addSpacing(kGap * 2);
     row->addWidget(deleteSign_);
-    row->addWidget(
-        button("Command8", QStringLiteral("cancella i geroglifici"), [&display] { display.clearAll(); }));
+    row->addWidget(button("Command8", Symbol::ClearAll, QStringLiteral("cancella i geroglifici"),
+                          [&display] { display.clearAll(); }));
     row->addSpacing(kGap * 2);
-    row->addWidget(
-        button("Command7", QStringLiteral("ingrandimento"), [this] { windows_.open<Ingrandimento>(); }));
-    row->addWidget(
-        button("Command9", QStringLiteral("inserisci nel dizionario"), [this] { insertInDictionary(); }));
+    row->addWidget(button("Command7", Symbol::Magnify, QStringLiteral("ingrandimento"),
+                          [this] { windows_.open<Ingrandimento>(); }));
+    row->addWidget(button("Command9", Symbol::AddToDictionary, QStringLiteral("inserisci nel dizionario"),
+                          [this] { insertInDictionary(); }));
     row->addStretch(1);
     return row;
 }
@@ -151,7 +162,7 @@ QBoxLayout* Form1::pageLine()
     hScroll1_->setAccessibleName(QStringLiteral("pagina della tavolozza"));
     hScroll1_->setRange(1, static_cast<int>(kPages));
     hScroll1_->setPageStep(1);
-    hScroll1_->setTracking(false);  // a page is loaded when the thumb is let go, not on the way
+    hScroll1_->setTracking(false);  // a page is loaded when the thumb is released, not while it is dragged
     hScroll1_->setFocusPolicy(Qt::StrongFocus);
     pageRange_ = label("pageRange", centre_);
     connect(hScroll1_, &QScrollBar::sliderMoved, this,
@@ -198,7 +209,7 @@ void Form1::buildCentre()
                 [this, &palette, i] { desktop_.handle([&palette, i] { palette.press(i); }); });
     }
     pageTurned_.setSingleShot(true);
-    pageTurned_.setInterval(150);  // milliseconds: who leafs on is not waited upon
+    pageTurned_.setInterval(kPageRests);
     connect(&pageTurned_, &QTimer::timeout, this, &Form1::preparePages);
 
     auto* const column = new QVBoxLayout(centre_);
@@ -225,7 +236,7 @@ void Form1::buildStatusBar()
     }
 }
 
-/// The display line is as high as its cells are wide, but leaves the palette the larger share.
+/// Makes the display line as high as its cells are wide, but no higher than a fifth of the window.
 void Form1::fitDisplayLine()
 {
     const int cells = static_cast<int>(vendol_.size());
@@ -241,7 +252,7 @@ void Form1::resizeEvent(QResizeEvent* event)
     pageTurned_.start();
 }
 
-/// Large enough for the signs, and wholly on the screen at first sight.
+/// The first size and place: large enough for the signs, and within the free area of the screen.
 void Form1::placeOnScreen()
 {
     const QRect free = QGuiApplication::primaryScreen()->availableGeometry();

@@ -19,8 +19,9 @@
 
 namespace karvel {
 
-void Form1::addMenu(const Menu& menu)
+std::vector<QAction*> Form1::addMenu(const Menu& menu)
 {
+    std::vector<QAction*> actions;
     QMenu* const shown = menuBar()->addMenu(menu.caption);
     shown->setObjectName(QLatin1String(menu.name));
     for (const Item& item : menu.items) {
@@ -35,7 +36,9 @@ void Form1::addMenu(const Menu& menu)
             connect(action, &QAction::triggered, this,
                     [this, handler = item.handler] { desktop_.handle(handler); });
         }
+        actions.push_back(action);
     }
+    return actions;
 }
 
 Form1::Menu Form1::fileMenu()
@@ -89,7 +92,7 @@ void Form1::buildMenus()
                                                           }}}});
     addMenu(optionsMenu());
     addMenu(favouritesMenu());
-    addMenu(searchMenu());
+    modeItems_ = addMenu(searchMenu());
     addMenu({"fonemi",
              QStringLiteral("&Tabelle"),
              {{"ins", QStringLiteral("&Alfabeto"), [this] { windows_.open<Form2>(); }},
@@ -116,9 +119,6 @@ void Form1::buildMenus()
          QStringLiteral("I&nfo"),
          {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] { windows_.open<frmAbout>(); }},
           {"guida", QStringLiteral("&Guida"), [this] { windows_.open<Guide>(); }, QStringLiteral("F1")}}});
-    for (std::size_t i = 0; i < modeItems_.size(); ++i) {
-        modeItems_[i] = findChild<QAction*>(qtext(SearchModes::kItems[i]));
-    }
 }
 
 }  // namespace karvel

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScrollBar>
@@ -13,7 +14,6 @@
 
 #include "compose/Paste.hpp"
 #include "windows/main/FindSign.hpp"
-#include "windows/main/Form1.hpp"
 #include "windows/signs/SignButton.hpp"
 #include "windows/signs/SignCell.hpp"
 #include "windows/signs/SignMenu.hpp"
@@ -23,18 +23,17 @@
 
 namespace karvel {
 
-Keyboard::Keyboard(Desktop& desktop, Form1& form1, FindSign& find)
-    : desktop_(desktop), form1_(form1), find_(find)
+Keyboard::Keyboard(Desktop& desktop, const Controls& controls) : desktop_(desktop), controls_(controls)
 {
     qApp->installEventFilter(this);
 }
 
-/// The keys reach the filter on their way to the widget that has the focus; menus and boxes keep theirs.
+/// True for the widget of the main window that has the focus; open menus and boxes get their keys untouched.
 bool Keyboard::concerns(QObject* watched) const
 {
     const auto* const widget = qobject_cast<QWidget*>(watched);
-    return widget != nullptr && widget == QApplication::focusWidget() && widget->window() == &form1_ &&
-           QApplication::activePopupWidget() == nullptr;
+    return widget != nullptr && widget == QApplication::focusWidget() &&
+           widget->window() == controls_.window && QApplication::activePopupWidget() == nullptr;
 }
 
 bool Keyboard::eventFilter(QObject* watched, QEvent* event)
@@ -65,8 +64,7 @@ int Keyboard::pageOf(const QKeyEvent& event)
 
 void Keyboard::turnTo(int page)
 {
-    auto* const scroll = form1_.findChild<QScrollBar*>(QStringLiteral("HScroll1"));
-    scroll->setValue(std::clamp(page, scroll->minimum(), scroll->maximum()));
+    controls_.pages->setValue(std::clamp(page, controls_.pages->minimum(), controls_.pages->maximum()));
 }
 
 bool Keyboard::key(QKeyEvent& event, QWidget& focus)
@@ -86,13 +84,13 @@ bool Keyboard::key(QKeyEvent& event, QWidget& focus)
     return moves(event.key(), focus) || edits(event.key(), focus) || finds(event.text());
 }
 
-/// Who just types means a sign: the letter goes where signs are found.
+/// A letter or digit typed on the palette or the display begins the search for a sign.
 bool Keyboard::finds(const QString& typed)
 {
     if (typed.isEmpty() || !typed[0].isLetterOrNumber()) {
         return false;
     }
-    find_.start(typed);
+    controls_.find->start(typed);
     return true;
 }
 
@@ -103,11 +101,12 @@ bool Keyboard::anywhere(QKeyEvent& event)
         return true;
     }
     if (event.modifiers() == Qt::NoModifier && event.key() == Qt::Key_F10) {
-        form1_.menuBar()->setActiveAction(form1_.menuBar()->actions().first());
+        QMenuBar& menus = *controls_.window->menuBar();
+        menus.setActiveAction(menus.actions().first());
         return true;
     }
     if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_F) {
-        find_.start();
+        controls_.find->start();
         return true;
     }
     return false;
@@ -139,10 +138,10 @@ bool Keyboard::moves(int key, QWidget& focus)
         return true;
     }
     DisplayLine& display = desktop_.session().display();
-    if (key == Qt::Key_Left && focus.objectName() == element("Vendol", 0)) {
+    if (key == Qt::Key_Left && &focus == controls_.firstCell) {
         desktop_.handle([&] { display.cursorLeft(); });
     }
-    if (key == Qt::Key_Right && focus.objectName() == element("Vendol", DisplayLine::kCells - 1)) {
+    if (key == Qt::Key_Right && &focus == controls_.lastCell) {
         desktop_.handle([&] { display.cursorRight(); });
     }
     auto* const grid = qobject_cast<SquareGrid*>(focus.parentWidget());

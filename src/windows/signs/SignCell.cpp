@@ -35,7 +35,7 @@ void SignCell::paintEvent(QPaintEvent* /*event*/)
     const QColor ink = inkOn(surface);
     const QRectF area = QRectF(rect());
     painter.fillRect(rect(), surface);
-    // A faint ground line tells where a sign may stand.
+    // A faint line at the bottom shows where a sign can stand.
     painter.setPen(QPen(outlineOn(surface, 0.25), 1));
     painter.drawLine(QPointF(6, height() - 3.5), QPointF(width() - 6, height() - 3.5));
     if (!cell_.blank()) {

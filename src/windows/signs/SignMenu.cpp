@@ -67,7 +67,7 @@ void SignMenu::popUp(const std::string& code, const QPoint& at)
     const QString caption = qtext(signCaption(code));
     menu->addSection(caption);
     menu->setMinimumWidth(menu->fontMetrics().horizontalAdvance(caption) +
-                          40);  // a section makes no room for itself
+                          40);  // a section does not widen its menu
     QAction* const insert = menu->addAction(QStringLiteral("&Inserisci"));
     QAction* const copy = menu->addAction(QStringLiteral("&Copia"));
     QAction* const usedIn = menu->addAction(QStringLiteral("&Usato in ..."));

@@ -159,7 +159,7 @@ QFont SignSheet::footerFont() const
     return made;
 }
 
-/// Paper, a double rule around it, title and footer.
+/// Draws the background, the double frame, the title and the footer.
 void SignSheet::drawFrame(QPainter& painter, const QRectF& area) const
 {
     painter.fillRect(area, kPaper);

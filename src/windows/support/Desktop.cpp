@@ -7,7 +7,7 @@ void Desktop::handle(const std::function<void()>& handler)
     try {
         handler();
     } catch (const ReadingStopped&) {
-        // The user stopped it: nothing to report.
+        // The user stopped the reading: there is nothing to report.
     } catch (const RuntimeError& error) {
         session_.ui().ask(defaultErrorReport(error));
     }

@@ -77,7 +77,7 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
     column->setSpacing(8);
     column->addLayout(line);
     column->addWidget(signs_);
-    column->addWidget(chart_, 1);
+    column->addWidget(scrolling(chart_), 1);
     column->addLayout(below);
     text1_->setFocus();
     resize(980, 630);
@@ -100,7 +100,7 @@ void Form2::transcribeName()
 {
     desktop_.handle([this] {
         Session& session = desktop_.session();
-        showTranscription(utf8(text1_->text()), session.display(), session.last());
+        showTranscription(typed(text1_->text()), session.display(), session.last());
     });
     // On a small screen this window covers the display, so it shows the signs itself too.
     const std::string& codes = desktop_.session().last().foundCodes;

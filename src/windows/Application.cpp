@@ -20,6 +20,7 @@
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Prompt.hpp"
 #include "windows/support/Resources.hpp"
+#include "windows/support/ScreenFit.hpp"
 #include "windows/support/Theme.hpp"
 #include "windows/support/WindowSet.hpp"
 
@@ -104,7 +105,8 @@ int runApplication(int argc, char** argv)
     Form1 form1(desktop, windows);
     windows.attach(desktop, form1);
     const SignMenu signMenu(desktop, windows);
-    QObject::connect(&prompt, &Prompt::aboutToAsk, &form1, &Form1::showState);
+    const ScreenFit screenFit;
+    QObject::connect(&prompt, &Prompt::aboutToAsk, &desktop, &Desktop::changed);
     QObject::connect(&prompt, &Prompt::progress, &form1, &Form1::showProgress);
     form1.showState();
     if (QApplication::arguments().contains(QStringLiteral("--senza-apertura"))) {

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -200,8 +201,9 @@ void Sysform::readDirectory()
 void Sysform::confirm()
 {
     bool taken = false;
+    const QPointer<Sysform> window = this;  // it may be closed while a box is open
     desktop_.handle([&] { taken = chooser_.confirm(); });
-    if (taken) {
+    if (window && taken) {
         close();
     }
 }

@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -18,6 +17,7 @@
 #include "windows/signs/SignButton.hpp"
 #include "windows/signs/SquareGrid.hpp"
 #include "windows/support/Desktop.hpp"
+#include "windows/support/ScreenFit.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/Theme.hpp"
 
@@ -76,13 +76,12 @@ Form6::Form6(Desktop& desktop, QWidget* parent)
 /// Places the window over the palette of the main window, so that the display stays visible.
 void Form6::placeBelowDisplay()
 {
+    constexpr QSize kUsual(980, 480);
     const QRect main = parentWidget()->geometry();
-    const QRect screen = parentWidget()->screen()->availableGeometry();
-    resize(std::min(980, screen.width() * 9 / 10), std::min(480, screen.height() * 7 / 10));
-    const int left = main.center().x() - width() / 2;
-    const int top = std::min(main.bottom(), screen.bottom()) - height();
-    move(std::clamp(left, screen.left(), std::max(screen.left(), screen.right() - width())),
-         std::max(top, screen.top()));
+    const QRect room = roomOnScreen(*parentWidget());
+    resize(kUsual.boundedTo(room.size() * 9 / 10));
+    move(main.center().x() - width() / 2, std::min(main.bottom(), room.bottom()) - height());
+    keepOnScreen(*this);
 }
 
 QWidget* Form6::headLine()

@@ -3,11 +3,11 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <vector>
 
 #include "base/SignRepertoire.hpp"
 #include "dictionary/UsedIn.hpp"
@@ -60,7 +60,16 @@ UsedIn::UsedIn(Desktop& desktop, QWidget* parent)
 void UsedIn::show(const std::string& code)
 {
     table_->setRowCount(0);
-    desktop_.handle([&] { list(code); });
+    const QPointer<UsedIn> window = this;  // it may be closed while a box is open
+    desktop_.handle([&] {
+        const auto entries = entriesWith(desktop_.session().files(), desktop_.session().ui(), code);
+        if (window) {
+            list(entries);
+        }
+    });
+    if (!window) {
+        return;
+    }
     table_->resizeColumnToContents(kSigns);
     table_->setColumnWidth(kSigns, std::min(table_->columnWidth(kSigns), kWidestSigns));
     table_->setColumnWidth(kTransliteration, kTransliterationWidth);
@@ -69,10 +78,8 @@ void UsedIn::show(const std::string& code)
     QDialog::show();
 }
 
-void UsedIn::list(const std::string& code)
+void UsedIn::list(const std::vector<DictionaryEntry>& entries)
 {
-    const std::vector<DictionaryEntry> entries =
-        entriesWith(desktop_.session().files(), desktop_.session().ui(), code);
     table_->setRowCount(static_cast<int>(entries.size()));
     for (int row = 0; row < table_->rowCount(); ++row) {
         const DictionaryEntry& entry = entries[static_cast<std::size_t>(row)];

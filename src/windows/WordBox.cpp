@@ -17,7 +17,7 @@ namespace {
 
 QString folded(const QString& text)
 {
-    return qtext(decode(foldedBytes(encode(utf8(text)))));
+    return qtext(decode(foldedBytes(encode(typed(text)))));
 }
 
 /// Each word has a folded form in a second role; the completer searches that one.

@@ -109,11 +109,12 @@ TEST_F(Undo, TellsOfAMissingOrDamagedFileAndLeavesTheDisplayEmpty)
         const char* bytes;  ///< null: no file
         const char* reason;
     } cases[] = {
-        {nullptr, "53: File non trovato"},
-        {"", "62: Input oltre la fine del file"},
-        {"file undo\r\na01\r\n 1 \r\n", "62: Input oltre la fine del file"},
-        {"file undo\r\na01\r\n 1 \r\n 0 \r\n 40000 \r\n", "6: Overflow"},
-        {"file undo\r\na0\x01\r\n 1 \r\n 0 \r\n 0 \r\n", "13: Tipo non corrispondente"},
+        {nullptr, "manca.\n\nErrore 53: File non trovato"},
+        {"", "è danneggiato.\n\nErrore 62: Input oltre la fine del file"},
+        {"file undo\r\na01\r\n 1 \r\n", "è danneggiato.\n\nErrore 62: Input oltre la fine del file"},
+        {"file undo\r\na01\r\n 1 \r\n 0 \r\n 40000 \r\n", "è danneggiato.\n\nErrore 6: Overflow"},
+        {"file undo\r\na0\x01\r\n 1 \r\n 0 \r\n 0 \r\n",
+         "è danneggiato.\n\nErrore 13: Tipo non corrispondente"},
     };
     session_.palette().loadPage();
     for (const auto& each : cases) {
@@ -123,8 +124,7 @@ TEST_F(Undo, TellsOfAMissingOrDamagedFileAndLeavesTheDisplayEmpty)
             drive_.write(kUndoPath, each.bytes);
         }
         ui_.expect({.title = "Messaggio di sistema",
-                    .text = "Non è possibile tornare allo stato precedente: il file Undo.dat manca o è "
-                            "danneggiato.\n\nErrore " +
+                    .text = "Non è possibile tornare allo stato precedente: il file Undo.dat " +
                             std::string(each.reason),
                     .icon = Icon::Critical});
         undo(session_);

@@ -30,6 +30,7 @@ class InsertionWindowTest : public QObject {
         QTRY_VERIFY(stage.windows().opened<Inserimento>() == nullptr);
         QCOMPARE(stage.drive().read("C:\\programmi\\Karvel\\dizio.txt"),
                  record("b02", "due") + "\"a01a02\"\r\n\"perch\xE9\"\r\n\"=i\"\r\n\"\"\r\n");
+        QCOMPARE(stage.form1().focusWidget(), stage.control<QWidget>("Vendol(0)"));
         stage.click("Command9");
         const auto* const again = stage.windows().opened<Inserimento>();
         QVERIFY(control<QLineEdit>(again, "Text1")->text().isEmpty());

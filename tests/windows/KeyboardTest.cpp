@@ -52,7 +52,7 @@ class KeyboardTest : public QObject {
             Qt::Key key;
             Qt::KeyboardModifiers modifiers;
             const char* state;
-        } rows[] = {{Qt::Key_C, Qt::AltModifier, " 3 tasto(0)"},
+        } rows[] = {{Qt::Key_C, Qt::AltModifier | Qt::ShiftModifier, " 3 tasto(0)"},
                     {Qt::Key_PageUp, {}, " 2 tasto(0)"},
                     {Qt::Key_PageDown, {}, " 3 tasto(0)"},
                     {Qt::Key_End, {}, " 3 tasto(52)"},
@@ -63,8 +63,12 @@ class KeyboardTest : public QObject {
                     {Qt::Key_Space, {}, "c02c02 3 tasto(1)"},
                     {Qt::Key_Right, {}, "c02c02 3 tasto(2)"},
                     {Qt::Key_Enter, {}, "c02c02c03 3 tasto(2)"},
+                    {Qt::Key_Z, Qt::ControlModifier, "c02c02 3 tasto(2)"},
+                    {Qt::Key_Enter, {}, "c02c02c03 3 tasto(2)"},
                     {Qt::Key_Backspace, {}, "c02c02 3 tasto(2)"},
                     {Qt::Key_F, Qt::ControlModifier, "c02c02 3 findSign"},
+                    {Qt::Key_Backspace, {}, "c02 3 findSign"},  // the empty field leaves it to the phrase
+                    {Qt::Key_Z, Qt::ControlModifier, "c02c02 3 findSign"},
                     {Qt::Key_Escape, {}, "c02c02 3 tasto(2)"},
                     {Qt::Key_G, {}, "c02c02 3 findSign"}};
         for (const auto& row : rows) {
@@ -77,6 +81,11 @@ class KeyboardTest : public QObject {
         key(Qt::Key_Space);
         key(Qt::Key_Delete);
         QCOMPARE(stage.phrase(), std::string("c02"));
+        stage.control<QWidget>("HScroll1")->setFocus();
+        key(Qt::Key_Right);
+        QCOMPARE(stage.session().palette().CurrentPage(), std::uint8_t(4));
+        key(Qt::Key_Left);
+        QCOMPARE(stage.session().palette().CurrentPage(), std::uint8_t(3));
         // In a text field the same keys edit the text.
         auto* const box = stage.control<QLineEdit>("Text1");
         box->setFocus();
@@ -167,16 +176,38 @@ class KeyboardTest : public QObject {
         QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("𓄤𓆑𓂋"));
         QCOMPARE(QApplication::clipboard()->mimeData()->data(QStringLiteral("text/x-gardiner")),
                  QByteArray("F35-I9-D21"));
+        auto* const field = stage.control<QLineEdit>("findSign");
+        field->setFocus();
+        const struct {
+            const char* text;
+            const char* phrase;
+            const char* field;
+        } rows[] = {{"A1", "d51f21b47a01", ""},
+                    {"gufo", "d51f21b47a01", "gufo"},
+                    {"A1", "d51f21b47a01", "gufoA1"},
+                    {"A1-A2", "d51f21b47a01a01a02", "gufoA1"}};
+        for (const auto& row : rows) {
+            QApplication::clipboard()->setText(QLatin1String(row.text));
+            key(Qt::Key_V, Qt::ControlModifier);
+            QCOMPARE(stage.phrase(), std::string(row.phrase));
+            QCOMPARE(field->text(), QLatin1String(row.field));
+        }
     }
 
     void theMenuOfASign()
     {
         Stage stage(record("a01b02", "coppia") + record("c03", "altro") + record("b02a01", "coppia inversa"));
         const SignMenu menu(stage.desktop(), stage.windows());
-        const auto choose = [&stage](Qt::Key item) {
-            auto* const sign = stage.control<SignButton>("tasto(0)");
+        const auto rightClick = [&stage](const char* name) {
+            auto* const sign = stage.control<SignButton>(name);
             QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(5, 5), sign->mapToGlobal(QPoint(5, 5)));
             QApplication::sendEvent(sign, &click);
+        };
+        stage.choose("prefins");
+        rightClick("Cmd(0)");
+        QVERIFY(QApplication::activePopupWidget() == nullptr);
+        const auto choose = [&rightClick](Qt::Key item) {
+            rightClick("tasto(0)");
             QVERIFY(QApplication::activePopupWidget() != nullptr);
             QTest::keyClick(QApplication::activePopupWidget(), item);
         };

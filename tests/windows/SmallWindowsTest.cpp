@@ -1,8 +1,11 @@
 #include <QLabel>
 #include <QPointer>
 #include <QProcess>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <QTextEdit>
 #include <QUrl>
 
 #include "Version.hpp"
@@ -10,6 +13,7 @@
 #include "windows/MagnifierWindow.hpp"
 #include "windows/SplashWindow.hpp"
 #include "windows/signs/MagnifiedPhrase.hpp"
+#include "windows/support/Box.hpp"
 #include "windows/support/Resources.hpp"
 #include "windows/support/Stage.hpp"
 
@@ -38,6 +42,20 @@ class SmallWindowsTest : public QObject {
         QVERIFY(!about->isVisible());
         QVERIFY(!openingPicture().isNull());
         QVERIFY(!aboutPicture().isNull());
+    }
+
+    void aBoxOfAnyLengthFitsOnTheScreen()
+    {
+        Box box(nullptr);
+        box.addButton(QMessageBox::Ok);
+        box.showText(QStringLiteral("a\r\nb\rc\n") + QString(20000, QLatin1Char('x')));
+        box.show();
+        const auto* const text = control<QTextEdit>(&box, "boxText");
+        QVERIFY(text->toPlainText().startsWith(QStringLiteral("a\nb\nc\nxx")));
+        QVERIFY(box.frameGeometry().height() <= box.screen()->availableGeometry().height());
+        QVERIFY(text->height() <= box.screen()->availableGeometry().height() * 2 / 3);
+        QTest::keyClick(&box, Qt::Key_PageDown);
+        QVERIFY(text->verticalScrollBar()->value() > 0);
     }
 
     void theOpeningWindowShowsTheMainWindowBehindItself()

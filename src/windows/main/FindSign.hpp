@@ -26,6 +26,9 @@ class FindSign : public QWidget {
     ///
     void start(const QString& typed = {});
 
+    /// The field itself; it has the focus while the user searches.
+    [[nodiscard]] const QLineEdit* field() const { return field_; }
+
   signals:
     /// Enter was pressed in the empty field: the user has typed all signs.
     void finished();

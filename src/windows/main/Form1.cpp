@@ -31,6 +31,15 @@
 
 namespace karvel {
 
+QString Form1::gardinerRange(const std::string& first, const std::string& last)
+{
+    const SignInfo* const from = SignRepertoire::standard().byCode(first);
+    const SignInfo* const to = SignRepertoire::standard().byCode(last);
+    return from != nullptr && to != nullptr  // neither when start-up stopped at an image
+               ? QStringLiteral("Gardiner %1 – %2").arg(qtext(from->gardiner), qtext(to->gardiner))
+               : QString();
+}
+
 Form1::Form1(Desktop& desktop, WindowSet& windows) : desktop_(desktop), windows_(windows)
 {
     setObjectName(QStringLiteral("Form1"));
@@ -171,14 +180,7 @@ void Form1::showPalette()
     if (text1_->text() != qtext(shown.pageText())) {
         text1_->setText(qtext(shown.pageText()));
     }
-    const auto number = [&shown](std::size_t key) {
-        const SignInfo* const sign = SignRepertoire::standard().byCode(shown.codeOf(key));
-        return sign != nullptr ? qtext(sign->gardiner) : QString();
-    };
-    const QString first = number(0);
-    const QString last = number(kKeys - 1);
-    const bool known = !first.isEmpty() && !last.isEmpty();  // false when start-up stopped at an image
-    pageRange_->setText(known ? QStringLiteral("Gardiner %1 – %2").arg(first, last) : QString());
+    pageRange_->setText(gardinerRange(shown.codeOf(0), shown.codeOf(kKeys - 1)));
 }
 
 /// Scales the signs of all pages in the background; the pages next to the current one come first.

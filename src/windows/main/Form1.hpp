@@ -63,6 +63,7 @@ class Form1 : public QMainWindow {
         std::function<void()> handler;
         QString shortcut = {};
         bool checkable = false;
+        bool separated = false;  ///< a separator stands before it
     };
     struct Menu {
         const char* name;
@@ -74,6 +75,7 @@ class Form1 : public QMainWindow {
     /// Adds the menu; the actions in the order of its items.
     std::vector<QAction*> addMenu(const Menu& menu);
     [[nodiscard]] Menu fileMenu();
+    [[nodiscard]] Menu editMenu();
     [[nodiscard]] Menu optionsMenu();
     [[nodiscard]] Menu favouritesMenu();
     [[nodiscard]] Menu searchMenu();
@@ -96,6 +98,7 @@ class Form1 : public QMainWindow {
     void showDisplay();
     void showPalette();
     void preparePages();
+    [[nodiscard]] static QString gardinerRange(const std::string& first, const std::string& last);
     void showFavourites();
     void showModes();
 

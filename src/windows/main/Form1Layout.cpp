@@ -20,6 +20,7 @@
 #include "windows/signs/SignCell.hpp"
 #include "windows/signs/SquareGrid.hpp"
 #include "windows/support/Desktop.hpp"
+#include "windows/support/ScreenFit.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/WindowSet.hpp"
 
@@ -28,6 +29,7 @@ namespace karvel {
 namespace {
 
 constexpr int kGap = 8;          // logical pixels between the parts of the window
+constexpr int kLowScreen = 450;  // logical pixels: below this height every gap counts
 constexpr int kPageRests = 150;  // milliseconds without a page turn before other pages are scaled
 
 QLabel* label(const char* name, QWidget* parent)
@@ -82,6 +84,8 @@ QWidget* Form1::displayLine()
         connect(vendol_[i], &QAbstractButton::clicked, this,
                 [this, &display, i] { desktop_.handle([&display, i] { display.clickCell(i); }); });
     }
+    picture1_->setFocusProxy(vendol_.front());
+    desktop_.setDisplay(*picture1_);
     hint_ = label("hint", picture1_);
     hint_->setText(
         QStringLiteral("Premete i segni della tavolozza, oppure scrivete un valore (nfr)\n"
@@ -165,14 +169,20 @@ QBoxLayout* Form1::pageLine()
     hScroll1_->setTracking(false);  // a page is loaded when the thumb is released, not while it is dragged
     hScroll1_->setFocusPolicy(Qt::StrongFocus);
     pageRange_ = label("pageRange", centre_);
+    int widest = 0;  // one width for all pages, so that the bar's arrow does not move under the pointer
+    for (std::size_t page = 1; page <= kPages; ++page) {
+        const QString text = gardinerRange(signCode(page, 0), signCode(page, kKeys - 1));
+        widest = std::max(widest, pageRange_->fontMetrics().horizontalAdvance(text));
+    }
+    pageRange_->setFixedWidth(widest + 2);
     connect(hScroll1_, &QScrollBar::sliderMoved, this,
             [this, &palette](int value) { desktop_.handle([&palette, value] { palette.scrolled(value); }); });
     connect(hScroll1_, &QScrollBar::valueChanged, this,
             [this, &palette](int value) { desktop_.handle([&palette, value] { palette.changed(value); }); });
     connect(text1_, &QLineEdit::textEdited, this,
-            [&palette](const QString& typed) { palette.typed(utf8(typed)); });
+            [&palette](const QString& text) { palette.typed(typed(text)); });
     connect(text1_, &PageBox::enterPressed, this, [this, &palette] {
-        desktop_.handle([&] { palette.enterPage(utf8(text1_->text())); });
+        desktop_.handle([&] { palette.enterPage(typed(text1_->text())); });
         text1_->selectAll();
     });
     connect(text1_, &PageBox::keyPressed, this,
@@ -212,9 +222,10 @@ void Form1::buildCentre()
     pageTurned_.setInterval(kPageRests);
     connect(&pageTurned_, &QTimer::timeout, this, &Form1::preparePages);
 
+    const int gap = roomOnScreen(*this).height() < kLowScreen ? kGap / 2 : kGap;
     auto* const column = new QVBoxLayout(centre_);
-    column->setContentsMargins(kGap + 4, kGap, kGap + 4, kGap);
-    column->setSpacing(kGap);
+    column->setContentsMargins(kGap + 4, gap, kGap + 4, gap);
+    column->setSpacing(gap);
     column->addWidget(label1_);
     column->addWidget(displayLine());
     column->addLayout(displayButtons());
@@ -243,6 +254,7 @@ void Form1::fitDisplayLine()
     const int side = (width() - 2 * csx_->sizeHint().width() - 8 * kGap) / cells;
     picture1_->setFixedHeight(std::clamp(side, 40, std::max(40, height() / 5)) + 2 * kGap);
     centre_->layout()->activate();  // at once, so that no frame shows the line half resized
+    picture1_->parentWidget()->layout()->activate();
 }
 
 void Form1::resizeEvent(QResizeEvent* event)

@@ -36,7 +36,8 @@ class Keyboard : public QObject {
     [[nodiscard]] bool concerns(QObject* watched) const;
     bool key(QKeyEvent& event, QWidget& focus);
     bool anywhere(QKeyEvent& event);
-    bool withControl(int key);
+    [[nodiscard]] bool meansPhrase(QKeyEvent& event, const QWidget& focus) const;
+    bool turnsWithArrow(int key);
     bool moves(int key, QWidget& focus);
     bool edits(int key, QWidget& focus);
     bool finds(const QString& typed);

@@ -39,7 +39,11 @@ void SignCell::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(QPen(outlineOn(surface, 0.25), 1));
     painter.drawLine(QPointF(6, height() - 3.5), QPointF(width() - 6, height() - 3.5));
     if (!cell_.blank()) {
-        pictures_.draw(painter, cell_.path, area.center(), std::min(width(), height()) - 10);
+        constexpr int kMargin = 10;           // logical pixels around the sign
+        constexpr qreal kNotOfPhrase = 0.55;  // opacity of a sign that only shows a result
+        painter.setOpacity(cell_.offset < 0 ? kNotOfPhrase : 1);
+        pictures_.draw(painter, cell_.path, area.center(), std::min(width(), height()) - kMargin);
+        painter.setOpacity(1);
     }
     if (cell_.border) {
         painter.setPen(QPen(ink, 1));

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScrollArea>
 #include <algorithm>
 
 #include "base/SignRepertoire.hpp"
@@ -233,6 +234,16 @@ void SignSheet::printOn(QPrinter& printer) const
     if (!painter.end() || printer.printerState() == QPrinter::Error) {
         throw RuntimeError(ErrorNumber::DeviceIo);
     }
+}
+
+QWidget* scrolling(SignSheet* sheet)
+{
+    auto* const area = new QScrollArea(sheet->parentWidget());
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(sheet);
+    area->setFocusPolicy(Qt::NoFocus);
+    return area;
 }
 
 }  // namespace karvel

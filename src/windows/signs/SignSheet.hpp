@@ -82,4 +82,7 @@ class SignSheet : public QFrame {
     std::vector<SheetSign*> signs_;
 };
 
+/// A view that shows `sheet` as large as the view is, and scrolls where that is smaller than the sheet needs.
+[[nodiscard]] QWidget* scrolling(SignSheet* sheet);
+
 }  // namespace karvel

@@ -8,7 +8,7 @@ namespace karvel {
 namespace {
 
 constexpr int kGap = 3;  // logical pixels between keys
-constexpr int kSmallestSide = 30;
+constexpr int kSmallestSide = 20;
 constexpr int kUsualSide = 64;
 
 int rowsFor(std::size_t keys, int columns)

@@ -1,5 +1,7 @@
 #include "windows/support/Desktop.hpp"
 
+#include <QWidget>
+
 namespace karvel {
 
 void Desktop::handle(const std::function<void()>& handler)
@@ -12,6 +14,19 @@ void Desktop::handle(const std::function<void()>& handler)
         session_.ui().ask(defaultErrorReport(error));
     }
     emit changed();
+}
+
+QRect Desktop::displayOnScreen() const
+{
+    return display_ == nullptr ? QRect() : QRect(display_->mapToGlobal(QPoint(0, 0)), display_->size());
+}
+
+void Desktop::focusDisplay()
+{
+    if (display_ != nullptr) {
+        display_->window()->activateWindow();
+        display_->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 }  // namespace karvel

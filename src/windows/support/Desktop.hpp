@@ -1,10 +1,13 @@
 #pragma once
 
 #include <QObject>
+#include <QRect>
 #include <functional>
 
 #include "app/Session.hpp"
 #include "windows/signs/PictureStore.hpp"
+
+class QWidget;
 
 namespace karvel {
 
@@ -24,6 +27,13 @@ class Desktop : public QObject {
     /// windows show the present state.
     void handle(const std::function<void()>& handler);
 
+    /// The display line of the main window; `display` must outlive every tool window.
+    void setDisplay(QWidget& display) { display_ = &display; }
+    /// Where it lies now, on the screen, in logical pixels; empty before `setDisplay`.
+    [[nodiscard]] QRect displayOnScreen() const;
+    /// Gives the keyboard to the display line.
+    void focusDisplay();
+
   signals:
     /// The session may have changed; every window shows it again.
     void changed();
@@ -31,6 +41,7 @@ class Desktop : public QObject {
   private:
     Session& session_;
     PictureStore& pictures_;
+    QWidget* display_ = nullptr;
 };
 
 }  // namespace karvel

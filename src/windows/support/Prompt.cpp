@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "windows/support/Box.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
@@ -114,18 +115,16 @@ Button Prompt::ask(const MessageBox& box)
     endProgress();
     emit aboutToAsk();
     // Not on the stack: when the parent is closed while the box is open, it deletes the box.
-    const QPointer<QMessageBox> made = new QMessageBox(owner());
-    QMessageBox& shown = *made;
+    const QPointer<Box> made = new Box(owner());
+    Box& shown = *made;
     shown.setObjectName(QStringLiteral("MessageBox"));
     shown.setWindowTitle(qtext(box.title));
-    shown.setTextFormat(Qt::PlainText);  // an entry may contain what looks like markup
-    shown.setText(qtext(box.text).replace(QLatin1Char('\r'), QLatin1Char('\n')));
     shown.setIcon(iconOf(box.icon));
-    shown.setTextInteractionFlags(Qt::TextSelectableByMouse);
     addButtons(shown, box.buttons);
     if (box.defaultButton) {
         shown.setDefaultButton(standardButton(*box.defaultButton));
     }
+    shown.showText(qtext(box.text));
     // Wide enough for its title, and without a button to minimize it.
     if (auto* const grid = qobject_cast<QGridLayout*>(shown.layout())) {
         grid->addItem(new QSpacerItem(kNarrowest, 0), grid->rowCount(), 0, 1, grid->columnCount());
@@ -162,12 +161,12 @@ std::optional<std::string> Prompt::input(const std::string& title, const std::st
     dialog.setOkButtonText(QStringLiteral("OK"));
     dialog.setCancelButtonText(QStringLiteral("Annulla"));
     dialog.resize(kNarrowest, dialog.sizeHint().height());
-    std::optional<std::string> typed;
+    std::optional<std::string> answer;
     if (dialog.exec() == QDialog::Accepted && made) {
-        typed = utf8(made->textValue());
+        answer = typed(made->textValue());
     }
     delete made;
-    return typed;
+    return answer;
 }
 
 void Prompt::beep()
@@ -210,7 +209,10 @@ bool Prompt::continueReading(std::uint64_t done, std::uint64_t total)
         return true;
     }
     shownAt_ = reading_.elapsed() + kStep;
-    progressShown_ = true;
+    if (!progressShown_) {
+        progressShown_ = true;
+        emit aboutToAsk();
+    }
     emit progress(total == 0 ? 0 : static_cast<int>(std::min<std::uint64_t>(100, done * 100 / total)));
     // The windows are painted, and Escape is noticed; all other input is discarded.
     qApp->installEventFilter(this);

@@ -19,7 +19,7 @@ class Prompt : public QObject, public UserInterface {
     bool continueReading(std::uint64_t done, std::uint64_t total) override;
 
   signals:
-    /// A box is about to be shown; the windows show the present state before.
+    /// A box or the progress is about to be shown; the windows show the present state before.
     void aboutToAsk();
     /// The progress of a long reading, 0 to 100; -1 when it has ended.
     void progress(int percent);

@@ -40,6 +40,7 @@ class WindowSet : public WindowOpener {
 
     void openItalian() override;
     void openPicture(const std::string& path, const std::string& name) override;
+    void closePicture() override;
     void raiseMagnifier() override;
 
   private:

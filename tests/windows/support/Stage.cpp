@@ -87,7 +87,7 @@ Stage::Stage(const std::string& dictionary)
     }
     form1_ = std::make_unique<Form1>(desktop_, windows_);
     windows_.attach(desktop_, *form1_);
-    QObject::connect(&prompt_, &Prompt::aboutToAsk, form1_.get(), &Form1::showState);
+    QObject::connect(&prompt_, &Prompt::aboutToAsk, &desktop_, &Desktop::changed);
     QObject::connect(&prompt_, &Prompt::progress, form1_.get(), &Form1::showProgress);
     form1_->showState();
     form1_->show();

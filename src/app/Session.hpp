@@ -63,6 +63,7 @@ class Session : private SplittingView {
   private:
     void showFound(std::string_view signs) override { display_.showFound(signs); }
     void showPicture(const std::string& name) override;
+    void closePicture() override { windows_.closePicture(); }
     void consume(std::size_t characters) override { display_.consume(characters); }
     void clearCells() override { display_.clearCells(); }
 

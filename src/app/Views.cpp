@@ -29,6 +29,24 @@ MessageBox exitQuestion(Icon icon)
             .defaultButton = Button::No};
 }
 
+/// What an error says about the file that was read.
+std::string whatIsWrong(ErrorNumber error)
+{
+    switch (error) {
+        case ErrorNumber::FileNotFound:
+        case ErrorNumber::PathNotFound:
+            return "manca";
+        case ErrorNumber::PathFileAccess:
+            return "è una directory";
+        case ErrorNumber::Overflow:
+        case ErrorNumber::TypeMismatch:
+        case ErrorNumber::InputPastEnd:
+            return "è danneggiato";
+        default:
+            return "non si può leggere";
+    }
+}
+
 EntryCount count(Session& session)
 {
     const BusyPointer hourglass(session.ui());
@@ -76,8 +94,8 @@ void undo(Session& session)
         session.display().undo();
     } catch (const RuntimeError& error) {
         session.ui().ask({.title = "Messaggio di sistema",
-                          .text = "Non è possibile tornare allo stato precedente: il file Undo.dat manca o è "
-                                  "danneggiato.\n\nErrore " +
+                          .text = "Non è possibile tornare allo stato precedente: il file Undo.dat " +
+                                  whatIsWrong(error.number()) + ".\n\nErrore " +
                                   std::to_string(error.value()) + ": " + std::string(error.text()),
                           .icon = Icon::Critical});
     }

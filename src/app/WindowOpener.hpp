@@ -16,6 +16,9 @@ class WindowOpener {
     /// `name` was not found.
     virtual void openPicture(const std::string& path, const std::string& name) = 0;
 
+    /// Closes `imm1` if it is open.
+    virtual void closePicture() {}
+
     /// Brings "Ingrandimento" to the front if it is open.
     virtual void raiseMagnifier() = 0;
 };

@@ -34,4 +34,10 @@ void pastePhrase(Palette& palette, UserInterface& ui, std::string_view utf8)
     }
 }
 
+bool isMeantForPhrase(std::string_view utf8, bool fieldIsEmpty)
+{
+    const ReadPhrase phrase = readPhrase(utf8);
+    return phrase.unknown.empty() && phrase.codes.size() >= (fieldIsEmpty ? 1U : 2U);
+}
+
 }  // namespace karvel

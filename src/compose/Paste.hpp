@@ -11,4 +11,8 @@ namespace karvel {
 /// Throws like DisplayLine::insert; the phrase is then as it was.
 void pastePhrase(Palette& palette, UserInterface& ui, std::string_view utf8);
 
+/// Whether `utf8` is pasted into the phrase while the field "Trova segno" has the focus: it holds known signs
+/// and nothing else, several of them, or one while the field is empty.
+[[nodiscard]] bool isMeantForPhrase(std::string_view utf8, bool fieldIsEmpty);
+
 }  // namespace karvel

@@ -104,9 +104,13 @@ bool TranslationLookup::show(std::uint8_t mode, DictionaryEntry entry)
     entry.translation = upperCase(entry.translation);
     last_.translation = entry.translation;
     last_.note = entry.note;
-    const Button answer = ui_.ask(translationBox(entry));
     // Kept: only the containment search opens pictures; in the others the note is read, not seen.
-    if (isContainment(mode) && entry.note.starts_with('*')) {
+    const bool hasPicture = isContainment(mode) && entry.note.starts_with('*');
+    if (!hasPicture) {
+        view_.closePicture();
+    }
+    const Button answer = ui_.ask(translationBox(entry));
+    if (hasPicture) {
         view_.showPicture(entry.note.substr(1));
     }
     return answer != Button::Cancel;

@@ -23,6 +23,9 @@ class ResultView {
 
     /// Opens the picture window with the picture that a note names.
     virtual void showPicture(const std::string& name) = 0;
+
+    /// Closes the picture of an earlier entry, if one is open.
+    virtual void closePicture() {}
 };
 
 /// The texts of a result box; `translation` is shown as given.

@@ -56,7 +56,7 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
     count_->setObjectName(QStringLiteral("count"));
     chart_->setObjectName(QStringLiteral("chart"));
     fillChart();
-    // Enter in the name box presses it; for who uses the mouse alone it is there to be clicked.
+    // Enter in the field presses this button.
     QPushButton* const go = pushButton("Command1", QStringLiteral("Trascrivi"),
                                        QStringLiteral("scrive il nome con i segni, sul display"), this);
     go->setDefault(true);
@@ -77,7 +77,7 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
     column->setSpacing(8);
     column->addLayout(line);
     column->addWidget(signs_);
-    column->addWidget(chart_, 1);
+    column->addWidget(scrolling(chart_), 1);
     column->addLayout(below);
     text1_->setFocus();
     resize(980, 630);
@@ -100,9 +100,9 @@ void Form2::transcribeName()
 {
     desktop_.handle([this] {
         Session& session = desktop_.session();
-        showTranscription(utf8(text1_->text()), session.display(), session.last());
+        showTranscription(typed(text1_->text()), session.display(), session.last());
     });
-    // This window hides the display on a small screen, so the signs are shown here as well.
+    // On a small screen this window covers the display, so it shows the signs itself too.
     const std::string& codes = desktop_.session().last().foundCodes;
     signs_->setCodes(codes);
     const std::size_t signs = codes.size() / kCodeLength;

@@ -25,7 +25,7 @@ void ColourButton::paintEvent(QPaintEvent* /*event*/)
     const QColor ink = inkOn(colour_);
     const QRectF face = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
     painter.setBrush(colour_);
-    // The frame shows a face of the window's own colour, and that the pointer is over it.
+    // The frame makes the button visible on a window of its colour, and is stronger under the pointer.
     painter.setPen(QPen(between(colour_, ink, underMouse() ? 0.9 : 0.45), 1));
     painter.drawRoundedRect(face, 4, 4);
     painter.setPen(ink);

@@ -1,10 +1,11 @@
 #include "windows/ColourWindow.hpp"
 
-#include <QColorDialog>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPointer>
 
 #include "windows/ColourButton.hpp"
+#include "windows/ColourChooser.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Theme.hpp"
 #include "windows/support/WindowSet.hpp"
@@ -45,15 +46,19 @@ Form5::Form5(Desktop& desktop, QWidget* parent)
     connect(close, &QPushButton::clicked, this, &Form5::close);
     grid->addWidget(close, 3, 1);
 
-    connect(&desktop_, &Desktop::changed, this, &Form5::showColours);
-    showColours();
+    command1_->setColour(karvel::colour(session.colours().display));
+    command2_->setColour(karvel::colour(session.colours().window));
     resize(420, sizeHint().height());
 }
 
 void Form5::openFromMenu(Desktop& desktop, WindowSet& windows)
 {
-    rereadColours(desktop.session().files(), desktop.session().colours());
-    windows.open<Form5>();
+    const FileSystem& files = desktop.session().files();
+    const Colour display = readColour(files, kDisplayColourPath);
+    const Colour window = readColour(files, kWindowColourPath);
+    auto& opened = windows.open<Form5>();
+    opened.command1_->setColour(karvel::colour(display));
+    opened.command2_->setColour(karvel::colour(window));
 }
 
 void Form5::addLine(int row, ColourButton* chooser, const char* original, const QString& purpose,
@@ -63,10 +68,10 @@ void Form5::addLine(int row, ColourButton* chooser, const char* original, const 
     chooser->setToolTip(QStringLiteral("sceglie il colore: ") + purpose);
     chooser->setAutoDefault(false);
     connect(chooser, &QPushButton::clicked, this, [this, chooser, apply, purpose] {
-        const QColor chosen = QColorDialog::getColor(
-            chooser->colour(), this, QStringLiteral("Colore: ") + purpose, QColorDialog::DontUseNativeDialog);
-        if (chosen.isValid()) {
-            desktop_.handle([&] { apply(Colour::rgb(chosen.red(), chosen.green(), chosen.blue())); });
+        const QPointer<Form5> window = this;  // it may be closed while the chooser is open
+        const QColor chosen = chooseColour(chooser->colour(), *this, QStringLiteral("Colore: ") + purpose);
+        if (window && chosen.isValid()) {
+            applyTo(chooser, apply, Colour::rgb(chosen.red(), chosen.green(), chosen.blue()));
         }
     });
     auto* const restore = new QPushButton(QStringLiteral("ORIGINALE"), this);
@@ -76,16 +81,21 @@ void Form5::addLine(int row, ColourButton* chooser, const char* original, const 
     restore->setAutoDefault(false);
     restore->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     connect(restore, &QPushButton::clicked, this,
-            [this, apply, defaultColour] { desktop_.handle([&] { apply(defaultColour); }); });
+            [this, chooser, apply, defaultColour] { applyTo(chooser, apply, defaultColour); });
     auto* const grid = static_cast<QGridLayout*>(layout());
     grid->addWidget(chooser, row, 0);
     grid->addWidget(restore, row, 1);
 }
 
-void Form5::showColours()
+void Form5::applyTo(ColourButton* chooser, const Apply& apply, Colour chosen)
 {
-    command1_->setColour(colour(desktop_.session().colours().display));
-    command2_->setColour(colour(desktop_.session().colours().window));
+    const QPointer<ColourButton> button = chooser;  // the window may be closed while a box is open
+    desktop_.handle([&] {
+        apply(chosen);
+        if (button) {
+            button->setColour(karvel::colour(chosen));
+        }
+    });
 }
 
 }  // namespace karvel

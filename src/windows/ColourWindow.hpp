@@ -16,10 +16,12 @@ class Form5 : public QDialog {
     Q_OBJECT
 
   public:
+    /// Shows the colours that are in force.
     Form5(Desktop& desktop, QWidget* parent);
 
-    /// The menu "Preferenze colori": reads both colours and opens the window. Throws RuntimeError when a
-    /// file cannot be read; the window then stays closed.
+    /// The menu "Preferenze colori": reads both colours from their files and opens the window, which shows
+    /// them on its own buttons alone. Throws RuntimeError when a file cannot be read; the window then stays
+    /// closed.
     static void openFromMenu(Desktop& desktop, WindowSet& windows);
 
   private:
@@ -27,7 +29,7 @@ class Form5 : public QDialog {
 
     void addLine(int row, ColourButton* chooser, const char* original, const QString& purpose,
                  Colour defaultColour, const Apply& apply);
-    void showColours();
+    void applyTo(ColourButton* chooser, const Apply& apply, Colour chosen);
 
     Desktop& desktop_;
     ColourButton* command1_;

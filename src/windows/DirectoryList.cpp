@@ -9,7 +9,7 @@ namespace karvel {
 
 namespace {
 
-constexpr int kIndent = 3;  // blanks for every step down
+constexpr int kIndent = 3;  // blanks for each level
 
 QString lastName(const std::string& path)
 {

@@ -6,7 +6,7 @@
 
 namespace karvel {
 
-/// The directories from a drive's root down to one of them, and those in it. Entering one asks to go there.
+/// Lists the directories from a drive's root down to one of them, and its subdirectories.
 class DirectoryList : public QListWidget {
     Q_OBJECT
 

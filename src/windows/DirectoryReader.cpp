@@ -7,7 +7,7 @@
 
 namespace karvel {
 
-/// What the thread and the reader share: who waits for the answer, nobody once it is given up.
+/// What the thread and the reader share. `reader` is null after the reading was abandoned.
 struct DirectoryReader::Request {
     std::mutex guard;
     DirectoryReader* reader = nullptr;
@@ -42,7 +42,7 @@ void DirectoryReader::read(const Drives& drives, const std::string& path, Then t
         }
     };
     try {
-        // Nobody joins it: a drive that hangs would make the program hang at its end.
+        // The thread is not joined: a drive that hangs would make the program hang when it ends.
         std::thread(work).detach();
     } catch (const std::system_error&) {
         finish(request, {.path = path, .subdirectories = {}});
@@ -65,7 +65,7 @@ void DirectoryReader::abandon()
 void DirectoryReader::finish(const std::shared_ptr<Request>& request, const DirectoryListing& listing)
 {
     if (wanted_ != request) {
-        return;  // given up while the answer was on its way
+        return;  // it was abandoned before the answer arrived
     }
     wanted_.reset();
     emit changed();

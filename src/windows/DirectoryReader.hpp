@@ -8,7 +8,8 @@
 
 namespace karvel {
 
-/// Lists directories beside the windows. A drive that never answers is given up on, not waited for.
+/// Lists directories on a thread of its own. A reading can be abandoned, so that a drive that does not
+/// answer blocks nothing.
 class DirectoryReader : public QObject {
     Q_OBJECT
 
@@ -20,16 +21,16 @@ class DirectoryReader : public QObject {
     explicit DirectoryReader(List list, QObject* parent = nullptr);
     ~DirectoryReader() override;
 
-    /// Reads `path` and calls `then` on this thread; an earlier reading is given up.
+    /// Reads `path` and calls `then` on the caller's thread; an earlier reading is abandoned.
     void read(const Drives& drives, const std::string& path, Then then);
 
-    /// Gives the reading up: its `then` is never called.
+    /// Abandons the reading: its `then` is never called.
     void abandon();
 
     [[nodiscard]] bool reading() const { return wanted_ != nullptr; }
 
   signals:
-    /// A reading has begun, ended or been given up.
+    /// A reading has begun, ended or been abandoned.
     void changed();
 
   private:

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -117,7 +118,7 @@ void Sysform::build()
     resize(520, 480);
 }
 
-/// The sign of life while a drive is read, and the way out.
+/// The progress bar while a drive is read, and the button that stops it.
 QWidget* Sysform::readingLine()
 {
     readingLine_ = new QWidget(this);
@@ -200,8 +201,9 @@ void Sysform::readDirectory()
 void Sysform::confirm()
 {
     bool taken = false;
+    const QPointer<Sysform> window = this;  // it may be closed while a box is open
     desktop_.handle([&] { taken = chooser_.confirm(); });
-    if (taken) {
+    if (window && taken) {
         close();
     }
 }

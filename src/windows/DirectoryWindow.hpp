@@ -19,7 +19,7 @@ class Sysform : public QDialog {
     Q_OBJECT
 
   public:
-    /// `list` reads directories, beside the window.
+    /// `list` reads directories, on a thread of its own.
     Sysform(Desktop& desktop, QWidget* parent, DirectoryReader::List list = listDirectory);
 
   private:
@@ -41,7 +41,7 @@ class Sysform : public QDialog {
     QLabel* note_;
     QLabel* readingNote_ = nullptr;
     QWidget* readingLine_ = nullptr;
-    QTimer patience_;  ///< a quick reading shows no sign of life: it would only flicker
+    QTimer patience_;  ///< delays the progress bar, which would flicker at a quick reading
 };
 
 }  // namespace karvel

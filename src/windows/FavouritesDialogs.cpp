@@ -9,7 +9,7 @@ namespace karvel {
 
 namespace {
 
-/// The host's file dialog over the directory of the pages: the user sees and picks real files.
+/// Prepares a file dialog that opens in the directory of the pages.
 void prepare(QFileDialog& dialog, const Session& session, const QString& title, const QStringList& filters)
 {
     dialog.setObjectName(QStringLiteral("CommonDialog"));
@@ -23,7 +23,7 @@ void prepare(QFileDialog& dialog, const Session& session, const QString& title, 
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Annulla"));
 }
 
-/// The file chosen, in the system's form where it lies on one of the system's drives; empty for none.
+/// The chosen file, in the system's form when it is on one of the mapped drives; empty for none.
 std::string chosen(QFileDialog& dialog, const Session& session)
 {
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
@@ -42,7 +42,7 @@ std::string chooseFileToSave(QWidget& parent, Session& session)
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Salva"));
-    // Its own question would ask about the name without the ending.
+    // The dialog would ask about the name without ".prf".
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     for (;;) {
         std::string name = chosen(dialog, session);

@@ -8,11 +8,11 @@ namespace karvel {
 
 class Session;
 
-/// Where "Save preferiti" shall write, as the user names it, without the ending that is added to every name;
-/// empty when he cancels. A file that would be replaced is asked about.
+/// Asks for the file that "Save preferiti" writes: the name as typed, to which the caller adds ".prf"; empty
+/// when the user cancels. Asks before an existing file is replaced.
 [[nodiscard]] std::string chooseFileToSave(QWidget& parent, Session& session);
 
-/// What "Load preferiti" shall read; empty when the user cancels.
+/// Asks for the file that "Load preferiti" reads; empty when the user cancels.
 [[nodiscard]] std::string chooseFileToLoad(QWidget& parent, Session& session);
 
 }  // namespace karvel

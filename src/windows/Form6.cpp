@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -18,6 +17,7 @@
 #include "windows/signs/SignButton.hpp"
 #include "windows/signs/SquareGrid.hpp"
 #include "windows/support/Desktop.hpp"
+#include "windows/support/ScreenFit.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/Theme.hpp"
 
@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kRows = 4;
 
-/// `name` where the toolkit takes "&" for the mark of an access key.
+/// `name` for a caption in which the toolkit reads "&" as the mark of an access key.
 QString label(const std::string& name)
 {
     return qtext(name).replace(QLatin1Char('&'), QStringLiteral("&&"));
@@ -73,16 +73,15 @@ Form6::Form6(Desktop& desktop, QWidget* parent)
     tabs_->setFocus();
 }
 
-/// Over the palette of the main window, so that the display shows what is inserted.
+/// Places the window over the palette of the main window, so that the display stays visible.
 void Form6::placeBelowDisplay()
 {
+    constexpr QSize kUsual(980, 480);
     const QRect main = parentWidget()->geometry();
-    const QRect screen = parentWidget()->screen()->availableGeometry();
-    resize(std::min(980, screen.width() * 9 / 10), std::min(480, screen.height() * 7 / 10));
-    const int left = main.center().x() - width() / 2;
-    const int top = std::min(main.bottom(), screen.bottom()) - height();
-    move(std::clamp(left, screen.left(), std::max(screen.left(), screen.right() - width())),
-         std::max(top, screen.top()));
+    const QRect room = roomOnScreen(*parentWidget());
+    resize(kUsual.boundedTo(room.size() * 9 / 10));
+    move(main.center().x() - width() / 2, std::min(main.bottom(), room.bottom()) - height());
+    keepOnScreen(*this);
 }
 
 QWidget* Form6::headLine()
@@ -168,7 +167,7 @@ void Form6::showState()
     showHints();
 }
 
-/// The list, the tabs and the submenu name the same cards.
+/// Fills the list, the tabs and the submenu with the names of the cards.
 void Form6::showNames()
 {
     if (namesShown_ && shownNames_ == editor_.names()) {

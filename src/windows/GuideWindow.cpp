@@ -22,9 +22,9 @@ namespace karvel {
 
 namespace {
 
-constexpr qreal kLineHeight = 130;  // per cent: a page to be read, not a form to be filled in
+constexpr qreal kLineHeight = 130;  // per cent
 
-/// Air between the lines, pictures no wider than the page.
+/// Sets the space between the lines, and makes pictures no wider than the page (logical pixels).
 void layOut(QTextDocument& document, qreal width)
 {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -12,16 +13,6 @@
 #include "windows/support/Text.hpp"
 
 namespace karvel {
-
-namespace {
-
-/// A letter typed as a plain one with its accent behind it is the one letter that the dictionary can hold.
-std::string typed(const QLineEdit* line)
-{
-    return utf8(line->text().normalized(QString::NormalizationForm_C));
-}
-
-}  // namespace
 
 Inserimento::Inserimento(Desktop& desktop, QWidget* parent)
     : QDialog(parent), desktop_(desktop), signs_(new PhraseStrip(desktop, this))
@@ -79,19 +70,25 @@ QLineEdit* Inserimento::addLine(const char* name, const QString& caption)
 void Inserimento::confirm()
 {
     auto end = DictionaryInsertion::End::Failed;
+    const QPointer<Inserimento> window = this;  // it may be closed while a box is open
     desktop_.handle([&] {
         Session& session = desktop_.session();
-        end = session.dictionaryInsertion().confirm(session.display().DisplayCodes(),
-                                                    {typed(text1_), typed(text2_), typed(text3_)});
+        end = session.dictionaryInsertion().confirm(
+            session.display().DisplayCodes(),
+            {typed(text1_->text()), typed(text2_->text()), typed(text3_->text())});
     });
+    if (!window) {
+        return;
+    }
     if (end == DictionaryInsertion::End::Written || end == DictionaryInsertion::End::Duplicate) {
         close();
+        desktop_.focusDisplay();
     } else if (end == DictionaryInsertion::End::Refused) {
         showDoubtfulText();
     }
 }
 
-/// Puts the cursor where the user has to type anew.
+/// Moves the focus to the text that was refused.
 void Inserimento::showDoubtfulText()
 {
     for (QLineEdit* const line : {text1_, text2_, text3_}) {
@@ -102,7 +99,7 @@ void Inserimento::showDoubtfulText()
     }
 }
 
-/// Escape closes only while nothing is typed: a whole entry would be lost to one key.
+/// Escape closes the window only while nothing is typed, so that one key cannot lose a whole entry.
 void Inserimento::keyPressEvent(QKeyEvent* event)
 {
     const bool typedIn = !text1_->text().isEmpty() || !text2_->text().isEmpty() || !text3_->text().isEmpty();

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QPointer>
 #include <QPushButton>
 
 #include "windows/WordBox.hpp"
@@ -19,23 +20,21 @@ italiano::italiano(Desktop& desktop, QWidget* parent)
     setWindowTitle(QStringLiteral("Ricerca italiano geroglifico"));
     setAttribute(Qt::WA_DeleteOnClose);
     ItalianSearch& search = desktop_.session().italianSearch();
-    const auto word = [this] { return utf8(combo1_->currentText()); };
+    const auto word = [this] { return typed(combo1_->currentText()); };
 
     auto* const caption = new QLabel(QStringLiteral("Seleziona o scrivi la parola da ricercare"), this);
     combo1_->setObjectName(QStringLiteral("combo1"));
     combo1_->setAccessibleName(caption->text());
     caption->setBuddy(combo1_);
-    connect(combo1_, &QComboBox::activated, this, [this, &search, word] {
-        desktop_.handle([&] { search.choose(word()); });
-        combo1_->lineEdit()->selectAll();
-    });
+    connect(combo1_, &QComboBox::activated, this,
+            [this, &search, word] { run([&] { search.choose(word()); }); });
     count_->setObjectName(QStringLiteral("count"));
 
     QPushButton* const exact =
         button("Command1", QStringLiteral("CERCA"), QStringLiteral("cerca le voci con questa traduzione"),
                [&search, word] { search.search(word()); });
     exact->setDefault(true);
-    // Queued: the list of matches has to be gone before a box is shown.
+    // Queued: the list of matches is closed before a box is shown.
     connect(combo1_, &WordBox::enteredOverList, exact, &QPushButton::click, Qt::QueuedConnection);
     QPushButton* const specific = button("Command3", QStringLiteral("Ricerca specifica"),
                                          QStringLiteral("cerca le voci che contengono una parola"),
@@ -70,8 +69,19 @@ QPushButton* italiano::button(const char* name, const QString& caption, const QS
     made->setAccessibleName(spoken);
     made->setToolTip(spoken);
     made->setAutoDefault(false);
-    connect(made, &QPushButton::clicked, this, [this, handler] { desktop_.handle(handler); });
+    connect(made, &QPushButton::clicked, this, [this, handler] { run(handler); });
     return made;
+}
+
+/// Afterwards the focus is in the field, so that the next word can be typed at once.
+void italiano::run(const std::function<void()>& handler)
+{
+    const QPointer<italiano> window = this;  // it may be closed while a box of the search is open
+    desktop_.handle(handler);
+    if (window) {
+        combo1_->setFocus();
+        combo1_->lineEdit()->selectAll();
+    }
 }
 
 void italiano::fill()
@@ -89,7 +99,7 @@ void italiano::fill()
     combo1_->setFocus();
 }
 
-/// However the window is closed, it comes here: a search that is still open is closed with it.
+/// All ways to close the window end here. A search that is still open ends with it.
 void italiano::reject()
 {
     desktop_.session().italianSearch().close();

@@ -28,6 +28,7 @@ class italiano : public QDialog {
   private:
     QPushButton* button(const char* name, const QString& caption, const QString& spoken,
                         const std::function<void()>& handler);
+    void run(const std::function<void()>& handler);
 
     Desktop& desktop_;
     WordBox* combo1_;

@@ -32,11 +32,11 @@ void openInBrowser(Session& session, const QUrl& page, QObject& /*owner*/)
 
 #else
 
-/// The toolkit starts the desktop's opener and never looks back; whether there was a browser, only the
-/// opener's exit status tells.
+/// Only the exit status of the desktop's opener program tells whether there was a browser, and the toolkit
+/// does not report it.
 void openInBrowser(Session& session, const QUrl& page, QObject& owner)
 {
-    constexpr int kPatience = 15000;  // milliseconds; an opener that ends later had opened the page
+    constexpr int kPatience = 15000;  // milliseconds; an opener that runs longer has opened the page
     auto* const opener = new QProcess(&owner);
     opener->setStandardOutputFile(QProcess::nullDevice());
     opener->setStandardErrorFile(QProcess::nullDevice());

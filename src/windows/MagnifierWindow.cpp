@@ -3,33 +3,32 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "base/SignCode.hpp"
 #include "windows/signs/MagnifiedPhrase.hpp"
 #include "windows/support/Desktop.hpp"
+#include "windows/support/ScreenFit.hpp"
 #include "windows/support/Theme.hpp"
 
 namespace karvel {
 
 namespace {
 
-/// Where the window opens: so far below the upper edge of the main window, in 1/1440 inch.
+/// Where the window opens: the distance below the upper edge of the main window, in 1/1440 inch.
 constexpr int kBelowMainWindow = 3300;
+
+constexpr double kUnitsPerInch = 1440;
 
 /// Below the display line, in the middle of the main window, but wholly on the screen.
 void placeBelowDisplay(QWidget& window, const QWidget& mainWindow)
 {
-    const QRect free = mainWindow.screen()->availableGeometry();
-    const int drop = qRound(kBelowMainWindow / 1440.0 * mainWindow.logicalDpiY());
-    const int left = mainWindow.frameGeometry().center().x() - window.width() / 2;
-    const int top = mainWindow.frameGeometry().top() + drop;
-    window.move(std::clamp(left, free.left(), std::max(free.left(), free.right() - window.width())),
-                std::clamp(top, free.top(), std::max(free.top(), free.bottom() - window.height() - 40)));
+    const int drop = qRound(kBelowMainWindow / kUnitsPerInch * mainWindow.logicalDpiY());
+    window.move(mainWindow.frameGeometry().center().x() - window.width() / 2,
+                mainWindow.frameGeometry().top() + drop);
+    keepOnScreen(window);
 }
 
 }  // namespace
@@ -94,7 +93,7 @@ void Ingrandimento::fit()
 {
     QSize view = area_->maximumViewportSize();
     phrase_->fit(view);
-    if (phrase_->height() > view.height()) {  // the scroll bar takes its room
+    if (phrase_->height() > view.height()) {  // the scroll bar narrows the view
         view.rwidth() -= area_->verticalScrollBar()->sizeHint().width();
         phrase_->fit(view);
     }

@@ -56,7 +56,7 @@ Numerals::Numerals(Desktop& desktop, QWidget* parent) : QDialog(parent)
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(12, 12, 12, 10);
     column->setSpacing(8);
-    column->addWidget(table, 1);
+    column->addWidget(scrolling(table), 1);
     column->addLayout(buttons);
     resize(940, 320);
 }

@@ -23,6 +23,7 @@ class imm1 : public QDialog {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void place();
     void fit();
 
     Desktop& desktop_;

@@ -20,12 +20,12 @@ constexpr int kUnitsPerInch = 1440;
 QFont sheetFont()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPixelSize(PrintPage::kFontHeight);  // the painter's pixel is a unit of the sheet
+    font.setPixelSize(PrintPage::kFontHeight);  // a pixel of the painter is 1/1440 inch
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }
 
-/// The text in lines no wider than `width`. The layouts own what is drawn.
+/// The text in lines no wider than `width` (1/1440 inch), one layout for each paragraph.
 std::vector<std::unique_ptr<QTextLayout>> wrapped(const QString& text, int width)
 {
     std::vector<std::unique_ptr<QTextLayout>> paragraphs;
@@ -44,7 +44,7 @@ std::vector<std::unique_ptr<QTextLayout>> wrapped(const QString& text, int width
     return paragraphs;
 }
 
-/// A device that shows fewer pixels than the image has gets it reduced smoothly; any other one as it is.
+/// The image, smoothly reduced when it has more pixels than the device shows.
 QImage notLargerThan(QSizeF devicePixels, const QImage& image)
 {
     const QSize pixels(qCeil(devicePixels.width()), qCeil(devicePixels.height()));
@@ -107,7 +107,7 @@ std::optional<std::size_t> form7::paintText(QPainter& painter, const SheetBox& b
                 continue;
             }
             if (number > first && y + line.height() > box.bottom()) {
-                return number;  // at least one line a page, however small the page
+                return number;  // at least one line on each page, however small it is
             }
             line.draw(&painter, QPointF(box.left, y - line.y()));
             y += line.height();
@@ -120,8 +120,8 @@ void form7::print(QPrinter& printer) const
 {
     const QMarginsF margins(PrintPage::kMargin, PrintPage::kMargin, PrintPage::kMargin, PrintPage::kMargin);
     printer.setFullPage(false);
-    printer.setPageMargins(margins / 20.0, QPageLayout::Point);
-    const QSizeF paper = printer.pageLayout().paintRect(QPageLayout::Point).size() * 20.0;
+    printer.setPageMargins(margins / double(kUnitsPerPoint), QPageLayout::Point);
+    const QSizeF paper = printer.pageLayout().paintRect(QPageLayout::Point).size() * double(kUnitsPerPoint);
     const int width = qRound(paper.width());
     const int height = qRound(paper.height());
 

@@ -21,7 +21,8 @@ namespace karvel {
 
 namespace {
 
-constexpr int kMillimetre = 57;  // units of the sheet, near enough for a step of the scroll bar
+constexpr double kMillimetresPerUnit = 25.4 / 1440;
+constexpr int kMillimetre = 57;  // in 1/1440 inch: one step of the scroll bar
 
 bool systemPrintDialog(QPrinter& printer, QWidget* parent)
 {
@@ -148,7 +149,7 @@ void form9::showState()
     vScroll1_->setMaximum(window_.maximum());
     vScroll1_->setValue(window_.position());
     text1_->setText(QString::number(window_.position()));
-    millimetres_->setText(QStringLiteral("= %1 mm").arg(window_.position() * 25.4 / 1440, 0, 'f', 0));
+    millimetres_->setText(QStringLiteral("= %1 mm").arg(window_.position() * kMillimetresPerUnit, 0, 'f', 0));
     command1_->setText(qtext(window_.toggleCaption()));
     command1_->setAccessibleName(command1_->text());
     preview_->showPage(window_);
@@ -174,7 +175,7 @@ void form9::print()
             printer_->setDocName(QStringLiteral("Karvel"));
         }
         if (choosePrinter_(*printer_, this)) {
-            preview_->setPaper(printer_->pageLayout().pageSize().sizePoints() * 20);
+            preview_->setPaper(printer_->pageLayout().pageSize().sizePoints() * kUnitsPerPoint);
             const BusyPointer hourglass(session.ui());
             sheet_->print(*printer_);
         }

@@ -19,7 +19,7 @@ class form7;
 class SheetPreview;
 class WindowSet;
 
-/// "Stampa": what is printed, and how far down the sheet.
+/// "Stampa": what is printed, and its position on the sheet.
 class form9 : public QDialog {
     Q_OBJECT
 

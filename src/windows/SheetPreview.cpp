@@ -14,6 +14,7 @@ namespace karvel {
 namespace {
 
 constexpr int kMargin = PrintPage::kMargin;
+constexpr QSize kA4(11906, 16838);  // 1/1440 inch
 
 QLabel* piece(QWidget* parent, std::size_t index, const QString& meaning)
 {
@@ -30,7 +31,7 @@ SheetPreview::SheetPreview(const form7& sheet, QWidget* parent)
       sheet_(sheet),
       row_(piece(this, 0, QStringLiteral("anteprima: riga dei segni"))),
       text_(piece(this, 1, QStringLiteral("anteprima: testo"))),
-      paper_(11906, 16838)  // A4
+      paper_(kA4)
 {
     setAccessibleName(QStringLiteral("anteprima del foglio"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

@@ -9,7 +9,7 @@ namespace karvel {
 class form7;
 class PrintWindow;
 
-/// The sheet in small, with the row of signs (`Label1(0)`) and the text (`Label1(1)`) where they will lie.
+/// The sheet at a small scale, with the row of signs (`Label1(0)`) and the text (`Label1(1)`) in place.
 class SheetPreview : public QWidget {
     Q_OBJECT
 

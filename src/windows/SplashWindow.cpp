@@ -11,12 +11,15 @@
 #include "windows/support/Desktop.hpp"
 #include "windows/support/PictureBox.hpp"
 #include "windows/support/Resources.hpp"
+#include "windows/support/ScreenFit.hpp"
 
 namespace karvel {
 
 namespace {
 
+// Logical pixels.
 constexpr QSize kPicture(640, 400);
+constexpr int kBelowPicture = 70;  // the line with the button
 
 }  // namespace
 
@@ -29,7 +32,9 @@ frmSplash::frmSplash(Desktop& desktop, QWidget& form1)
     auto* const frame = new QFrame(this);
     frame->setObjectName(QStringLiteral("Frame1"));
     frame->setFrameShape(QFrame::StyledPanel);
-    auto* const picture = new PictureBox(openingPicture(), kPicture, frame);
+    const QSize room = roomOnScreen(form1).size() - QSize(0, kBelowPicture);
+    const QSize size = kPicture.boundedTo(kPicture.scaled(room, Qt::KeepAspectRatio));
+    auto* const picture = new PictureBox(openingPicture(), size, frame);
     picture->setObjectName(QStringLiteral("Picture1"));
     picture->setAccessibleName(QStringLiteral("Karvel, dizionario geroglifico-italiano"));
     auto* const version = new QLabel(QStringLiteral("Versione %1").arg(QLatin1String(kVersion)), frame);

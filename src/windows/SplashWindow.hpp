@@ -6,8 +6,8 @@ namespace karvel {
 
 class Desktop;
 
-/// The opening window. It stands in front of the main window, which is ready behind it, and goes with its
-/// button, with Escape, or with the first thing that the user does in the main window.
+/// The opening window, in front of the main window, which can be used at once. Its button, Escape, and the
+/// first action in the main window close it.
 class frmSplash : public QDialog {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ class frmSplash : public QDialog {
 
   private:
     QWidget& form1_;
-    bool begun_ = false;  ///< in the main window: whatever that has opened keeps the focus
+    bool begun_ = false;  ///< the user works in the main window: the focus stays where it is
 };
 
 }  // namespace karvel

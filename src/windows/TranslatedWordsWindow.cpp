@@ -51,7 +51,7 @@ void Form4::showWords()
 {
     const auto& words = desktop_.session().translatedWords().List1();
     clear_->setEnabled(!words.empty());
-    // Lines are only ever added at the end or all taken away, so equally many are the same ones.
+    // Lines are added at the end or all removed, so an equal number means equal lines.
     if (list1_->count() == static_cast<int>(words.size())) {
         return;
     }

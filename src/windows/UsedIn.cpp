@@ -3,21 +3,36 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
-#include <vector>
+#include <algorithm>
 
 #include "base/SignRepertoire.hpp"
-#include "dictionary/Lookup.hpp"
+#include "dictionary/UsedIn.hpp"
 #include "text/PhraseText.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
 
+namespace {
+
+enum Column { kSigns, kTranslation, kTransliteration, kNote, kColumns };
+
+// Logical pixels; the translation takes the rest.
+constexpr int kWidestSigns = 240;
+constexpr int kTransliterationWidth = 150;
+constexpr int kNoteWidth = 220;
+
+}  // namespace
+
 UsedIn::UsedIn(Desktop& desktop, QWidget* parent)
-    : QDialog(parent), desktop_(desktop), heading_(new QLabel(this)), table_(new QTableWidget(0, 4, this))
+    : QDialog(parent),
+      desktop_(desktop),
+      heading_(new QLabel(this)),
+      table_(new QTableWidget(0, kColumns, this))
 {
     setObjectName(QStringLiteral("UsedIn"));
     setWindowTitle(QStringLiteral("Usato in ..."));
@@ -31,7 +46,7 @@ UsedIn::UsedIn(Desktop& desktop, QWidget* parent)
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setWordWrap(false);
     table_->verticalHeader()->hide();
-    table_->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+    table_->horizontalHeader()->setSectionResizeMode(kTranslation, QHeaderView::Stretch);
     auto* const buttons = new QDialogButtonBox(this);
     buttons->addButton(QStringLiteral("Chiudi"), QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::rejected, this, &UsedIn::close);
@@ -45,45 +60,35 @@ UsedIn::UsedIn(Desktop& desktop, QWidget* parent)
 void UsedIn::show(const std::string& code)
 {
     table_->setRowCount(0);
-    desktop_.handle([&] { list(code); });
-    table_->resizeColumnToContents(0);
-    table_->setColumnWidth(0, std::min(table_->columnWidth(0), 240));
-    table_->setColumnWidth(2, 150);
-    table_->setColumnWidth(3, 220);
+    const QPointer<UsedIn> window = this;  // it may be closed while a box is open
+    desktop_.handle([&] {
+        const auto entries = entriesWith(desktop_.session().files(), desktop_.session().ui(), code);
+        if (window) {
+            list(entries);
+        }
+    });
+    if (!window) {
+        return;
+    }
+    table_->resizeColumnToContents(kSigns);
+    table_->setColumnWidth(kSigns, std::min(table_->columnWidth(kSigns), kWidestSigns));
+    table_->setColumnWidth(kTransliteration, kTransliterationWidth);
+    table_->setColumnWidth(kNote, kNoteWidth);
     heading_->setText(qtext(signCaption(code)) + QStringLiteral("\nVoci: %1").arg(table_->rowCount()));
     QDialog::show();
 }
 
-void UsedIn::list(const std::string& code)
+void UsedIn::list(const std::vector<DictionaryEntry>& entries)
 {
-    Session& session = desktop_.session();
-    const BusyPointer hourglass(session.ui());
-    std::vector<DictionaryEntry> entries;
-    const auto fill = [&] {
-        table_->setRowCount(static_cast<int>(entries.size()));
-        for (int row = 0; row < table_->rowCount(); ++row) {
-            const DictionaryEntry& entry = entries[static_cast<std::size_t>(row)];
-            const std::string texts[] = {gardinerOf(entry.signs), entry.translation, entry.transliteration,
-                                         entry.note};
-            for (int column = 0; column < 4; ++column) {
-                table_->setItem(row, column, new QTableWidgetItem(qtext(texts[column])));
-            }
+    table_->setRowCount(static_cast<int>(entries.size()));
+    for (int row = 0; row < table_->rowCount(); ++row) {
+        const DictionaryEntry& entry = entries[static_cast<std::size_t>(row)];
+        const std::string texts[] = {gardinerOf(entry.signs), entry.translation, entry.transliteration,
+                                     entry.note};
+        for (int column = 0; column < table_->columnCount(); ++column) {
+            table_->setItem(row, column, new QTableWidgetItem(qtext(texts[column])));
         }
-    };
-    try {
-        RecordReader reader(openDictionary(session.files(), session.ui()));
-        Lookup lookup(reader, MatchRule(static_cast<std::uint8_t>(Mode::Contains), code));
-        while (lookup.next()) {
-            entries.push_back(reader.record().decoded());
-        }
-    } catch (const RuntimeError& error) {
-        fill();
-        session.ui().ask(dictionaryErrorBox(error));
-        return;
-    } catch (const ReadingStopped&) {
-        // What was found so far is shown.
     }
-    fill();
 }
 
 }  // namespace karvel

@@ -2,6 +2,9 @@
 
 #include <QDialog>
 #include <string>
+#include <vector>
+
+#include "dictionary/DictionaryEntry.hpp"
 
 class QTableWidget;
 class QLabel;
@@ -21,7 +24,7 @@ class UsedIn : public QDialog {
     void show(const std::string& code);
 
   private:
-    void list(const std::string& code);
+    void list(const std::vector<DictionaryEntry>& entries);
 
     Desktop& desktop_;
     QLabel* heading_;

@@ -17,10 +17,10 @@ namespace {
 
 QString folded(const QString& text)
 {
-    return qtext(decode(foldedBytes(encode(utf8(text)))));
+    return qtext(decode(foldedBytes(encode(typed(text)))));
 }
 
-/// The words with a second face, folded, by which they are found.
+/// Each word has a folded form in a second role; the completer searches that one.
 class FoldedWords : public QStringListModel {
   public:
     static constexpr int kFolded = Qt::UserRole;
@@ -46,7 +46,7 @@ class FoldedWords : public QStringListModel {
     QStringList folded_;
 };
 
-/// Compares folded, writes the word as it is spelled.
+/// Compares the folded forms, and completes to the word as it is spelled.
 class WordCompleter : public QCompleter {
   public:
     using QCompleter::QCompleter;
@@ -60,7 +60,7 @@ class WordCompleter : public QCompleter {
 
 constexpr int kVisibleLines = 14;
 
-/// A list of a hundred thousand lines must not be measured line by line.
+/// All lines have one height, so that a list of a hundred thousand lines is not measured line by line.
 void makeUniform(QAbstractItemView* view)
 {
     if (auto* const list = qobject_cast<QListView*>(view)) {
@@ -87,7 +87,7 @@ WordBox::WordBox(QWidget* parent) : QComboBox(parent), words_(new FoldedWords(th
     completer->setMaxVisibleItems(kVisibleLines);
     makeUniform(completer->popup());
     setCompleter(completer);
-    // Leaving the box, or Enter in it, is no choice from the list: Enter belongs to the window's button.
+    // Leaving the field, or Enter in it, does not choose from the list. Enter presses the window's button.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
     connect(lineEdit(), &QLineEdit::returnPressed, this, [this, completer] {
@@ -105,7 +105,7 @@ void WordBox::setWords(const QStringList& words)
     setEditText(typed);
 }
 
-/// The arrows open the list instead of choosing word after word.
+/// The arrow keys open the list; the base class would choose the next word at each key.
 void WordBox::keyPressEvent(QKeyEvent* event)
 {
     const bool arrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up ||

@@ -6,8 +6,8 @@ class QStringListModel;
 
 namespace karvel {
 
-/// An editable list of very many words. Typing shows those that begin so, whatever their letter case and
-/// accents; the user's choice from a list, and nothing else, is told by `activated`.
+/// An editable list of very many words. Typing shows the words that begin so, without regard to letter case
+/// and accents. `activated` is emitted only when the user chooses from a list.
 class WordBox : public QComboBox {
     Q_OBJECT
 
@@ -18,8 +18,8 @@ class WordBox : public QComboBox {
     void setWords(const QStringList& words);
 
   signals:
-    /// Enter was pressed while the list of matches hung open and nothing was chosen in it: the list keeps
-    /// that key from the window, which means the same by it as without the list.
+    /// Enter was pressed while the list of matches was open and nothing was chosen in it. The list consumes
+    /// that key; the window must act as if there were no list.
     void enteredOverList();
 
   protected:

@@ -35,15 +35,24 @@ TEST_F(Undo, AndClearAllLeaveTheMissingSignSearch)
 
 TEST_F(Undo, ReportsAMissingOrDamagedFile)
 {
-    for (const bool missing : {true, false}) {
+    const struct {
+        const char* bytes;  ///< null: no file
+        const char* reason;
+    } cases[] = {
+        {nullptr, "manca.\n\nErrore 53: File non trovato"},
+        {"file undo\r\na01\r\n 1 \r\n", "è danneggiato.\n\nErrore 62: Input oltre la fine del file"},
+        {"file undo\r\na01\r\n 1 \r\n 0 \r\n 40000 \r\n", "è danneggiato.\n\nErrore 6: Overflow"},
+    };
+    for (const auto& each : cases) {
         session_.palette().press(0);
-        missing ? drive_.files().remove(kUndoPath) : drive_.write(kUndoPath, "file undo\r\n");
-        ui_.expect(
-            {.title = "Messaggio di sistema",
-             .text = std::string("Non è possibile tornare allo stato precedente: il file Undo.dat manca o "
-                                 "è danneggiato.\n\nErrore ") +
-                     (missing ? "53: File non trovato" : "62: Input oltre la fine del file"),
-             .icon = Icon::Critical});
+        drive_.files().remove(kUndoPath);
+        if (each.bytes != nullptr) {
+            drive_.write(kUndoPath, each.bytes);
+        }
+        ui_.expect({.title = "Messaggio di sistema",
+                    .text = "Non è possibile tornare allo stato precedente: il file Undo.dat " +
+                            std::string(each.reason),
+                    .icon = Icon::Critical});
         undo(session_);
         EXPECT_EQ(session_.display().DisplayCodes(), "");
     }

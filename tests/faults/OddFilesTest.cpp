@@ -150,7 +150,7 @@ TEST(OddFile, TheUserIsToldWhatIsWrong)
         {"settaggi/conf.cfg", "full of zero bytes", "start", ""},  // text that is no number reads as 0
         {"settaggi/conf2.cfg", "empty", "start", "'62'"},
         {"settaggi/coloreF.prf", "a directory", "reread the colours", kNoFile},
-        {"Undo.dat", "missing", "undo", "Undo.dat manca o è danneggiato.\n\nErrore 53"},
+        {"Undo.dat", "missing", "undo", "Undo.dat manca.\n\nErrore 53"},
     };
     for (const auto& [file, name, reading, told] : kCases) {
         Installation installation;

@@ -6,20 +6,7 @@
 #include <QLineEdit>
 #include <QTextEdit>
 
-#include "windows/AboutWindow.hpp"
-#include "windows/AlphabetWindow.hpp"
-#include "windows/ColourWindow.hpp"
-#include "windows/DirectoryWindow.hpp"
-#include "windows/Form6.hpp"
-#include "windows/GuideWindow.hpp"
-#include "windows/InsertionWindow.hpp"
-#include "windows/ItalianWindow.hpp"
-#include "windows/MagnifierWindow.hpp"
-#include "windows/NumeralsWindow.hpp"
 #include "windows/PictureWindow.hpp"
-#include "windows/PrintingWindow.hpp"
-#include "windows/SplashWindow.hpp"
-#include "windows/TranslatedWordsWindow.hpp"
 #include "windows/UsedIn.hpp"
 #include "windows/support/Stage.hpp"
 
@@ -28,77 +15,67 @@ using namespace karvel::testing;
 
 namespace {
 
-bool isControl(const QWidget* widget)
+template <typename... Kinds>
+bool isAny(const QWidget* widget)
 {
-    return qobject_cast<const QAbstractButton*>(widget) != nullptr ||
-           qobject_cast<const QLineEdit*>(widget) != nullptr ||
-           qobject_cast<const QComboBox*>(widget) != nullptr ||
-           qobject_cast<const QAbstractSlider*>(widget) != nullptr ||
-           qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
-           qobject_cast<const QTextEdit*>(widget) != nullptr;
+    return ((qobject_cast<const Kinds*>(widget) != nullptr) || ...);
 }
 
-/// The controls of `window` that a screen reader could not name; those that the toolkit puts inside others
-/// speak through them.
-QStringList nameless(QWidget& window)
+/// True for what the toolkit puts inside another control, which speaks for it.
+bool isPart(const QWidget* widget)
 {
-    QStringList found;
-    for (QWidget* const widget : window.findChildren<QWidget*>()) {
-        if (!widget->isVisibleTo(&window) || !isControl(widget) ||
-            widget->objectName().startsWith(QLatin1String("qt_")) ||
-            widget->parentWidget()->inherits("QAbstractScrollArea") ||
-            widget->parentWidget()->objectName().startsWith(QLatin1String("qt_")) ||
-            widget->parentWidget()->inherits("QComboBox") || widget->parentWidget()->inherits("QLineEdit") ||
-            widget->parentWidget()->inherits("QAbstractSpinBox") || widget->inherits("QComboBoxListView")) {
-            continue;
-        }
-        QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(widget);
-        if (spoken == nullptr || spoken->text(QAccessible::Name).trimmed().isEmpty()) {
-            found << QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') +
-                         widget->objectName();
-        }
-    }
-    return found;
+    const QWidget* const parent = widget->parentWidget();
+    const auto ofToolkit = [](const QWidget* any) {
+        return any->objectName().startsWith(QLatin1String("qt_"));
+    };
+    return ofToolkit(widget) || ofToolkit(parent) || widget->inherits("QComboBoxListView") ||
+           parent->inherits("QAbstractScrollArea") || parent->inherits("QComboBox") ||
+           parent->inherits("QLineEdit") || parent->inherits("QAbstractSpinBox");
 }
 
 }  // namespace
 
-class TestAccessibility : public QObject {
+class AccessibilityTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void everyControlHasAName()
+    void everyWindowAndControlHasAName()
     {
         Stage stage(record("a01", "uomo", "z", "nota"));
         stage.press("a01");
-        stage.choose("prefins");
-        stage.choose("elim");
-        Desktop& desktop = stage.desktop();
-        QWidget* const parent = &stage.form1();
-        QWidget* const windows[] = {parent,
-                                    new frmAbout(desktop, parent),
-                                    new Form2(desktop, parent),
-                                    new Form4(desktop, parent),
-                                    new Form5(desktop, parent),
-                                    new Form6(desktop, parent),
-                                    new Guide(desktop, parent),
-                                    new Inserimento(desktop, parent),
-                                    new italiano(desktop, parent),
-                                    new Ingrandimento(desktop, parent),
-                                    new Numerals(desktop, parent),
-                                    new imm1(desktop, parent),
-                                    new form9(desktop, parent),
-                                    new Sysform(desktop, parent),
-                                    new UsedIn(desktop, parent)};
-        for (QWidget* const window : windows) {
-            window->show();
-            QVERIFY2(!window->windowTitle().isEmpty(), window->metaObject()->className());
-            const QStringList found = nameless(*window);
-            QVERIFY2(found.isEmpty(), qPrintable(QLatin1String(window->metaObject()->className()) +
-                                                 QStringLiteral(": ") + found.join(QStringLiteral(", "))));
+        // Every window that the menus and keys of the main window open.
+        for (const char* const item : {"prefins", "elim", "stampa", "colore", "percorso", "ins", "numeri",
+                                       "schede", "Info", "guida"}) {
+            stage.choose(item);
         }
+        stage.click("Command7");
+        stage.click("Command9");
+        stage.windows().openItalian();
+        stage.windows().openPicture("C:\\programmi\\Karvel\\GR\\a01.gif", "a01");
+        stage.windows().open<UsedIn>().show("a01");
+        stage.session().translatedWords().add("uomo");
+        stage.choose("tradotte");
+        int windows = 0;
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            if (!window->isVisible() || window->windowType() == Qt::ToolTip) {
+                continue;
+            }
+            ++windows;
+            const char* const name = window->metaObject()->className();
+            QVERIFY2(!window->windowTitle().isEmpty(), name);
+            for (QWidget* const widget : window->findChildren<QWidget*>()) {
+                if (widget->isVisibleTo(window) && !isPart(widget) &&
+                    isAny<QAbstractButton, QLineEdit, QComboBox, QAbstractSlider, QAbstractItemView,
+                          QTextEdit>(widget)) {
+                    QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(widget);
+                    QVERIFY2(spoken != nullptr && !spoken->text(QAccessible::Name).trimmed().isEmpty(),
+                             qPrintable(QLatin1String(name) + QLatin1Char(' ') + widget->objectName()));
+                }
+            }
+        }
+        QCOMPARE(windows, 15);
     }
 };
 
-QTEST_MAIN(TestAccessibility)
+WINDOW_TESTS(AccessibilityTest)
 #include "AccessibilityTest.moc"

@@ -1,10 +1,8 @@
 #include <QColorDialog>
 #include <QFrame>
-#include <QSpinBox>
 
 #include "windows/ColourButton.hpp"
 #include "windows/ColourWindow.hpp"
-#include "windows/signs/SignCell.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;
@@ -15,90 +13,56 @@ namespace {
 constexpr const char* kDisplayFile = "C:\\programmi\\Karvel\\settaggi\\coloreD.prf";
 constexpr const char* kWindowFile = "C:\\programmi\\Karvel\\settaggi\\coloreF.prf";
 
-/// The colour of the picture on the screen at `point` of `widget`.
-QColor seen(QWidget& widget, QPoint point)
+/// The colours on the screen: of the display line, of a cell and of the window.
+QList<QColor> seen(Stage& stage)
 {
-    return widget.grab().toImage().pixelColor(point);
+    const auto at = [](QWidget* widget, QPoint point) { return widget->grab().toImage().pixelColor(point); };
+    return {at(stage.control<QFrame>("Picture1"), {3, 3}), at(stage.control<QWidget>("Vendol(4)"), {10, 10}),
+            at(&stage.form1(), {3, stage.form1().height() / 2})};
+}
+
+/// Presses `button` and answers the colour chooser; an invalid colour cancels it.
+void choose(const Form5* window, const char* button, const QColor& colour)
+{
+    QTimer::singleShot(0, window, [&colour] {
+        auto* const chooser = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+        QVERIFY(chooser != nullptr);
+        if (colour.isValid()) {
+            chooser->setCurrentColor(colour);
+        }
+        QTest::keyClick(chooser, colour.isValid() ? Qt::Key_Return : Qt::Key_Escape);
+    });
+    click(window, button);
 }
 
 }  // namespace
 
-class TestForm5 : public QObject {
+class ColourWindowTest : public QObject {
     Q_OBJECT
 
-  private:
-    Form5* open(Stage& stage)
-    {
-        stage.choose("colore");
-        return stage.windows().opened<Form5>();
-    }
-
-    /// Presses `button` and answers the colour chooser: with `colour` typed into its fields, or by
-    /// cancelling.
-    void choose(Form5& form5, const char* button, const std::optional<QColor>& colour)
-    {
-        bool answered = false;
-        QTimer::singleShot(0, &form5, [&] {
-            auto* const chooser = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
-            QVERIFY(chooser != nullptr);
-            answered = true;
-            if (!colour) {
-                QTest::keyClick(chooser, Qt::Key_Escape);
-                return;
-            }
-            chooser->setCurrentColor(*colour);
-            QTest::keyClick(chooser, Qt::Key_Return);
-        });
-        QTest::mouseClick(form5.findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
-        QVERIFY(answered);
-    }
-
   private slots:
-    void appliesAndSavesEachChoiceAtOnce()
+    void coloursAreAppliedAndSavedAtOnce()
     {
         Stage stage;
-        Form5* const form5 = open(stage);
-        QVERIFY(form5 != nullptr);
-        QCOMPARE(form5->windowTitle(), QStringLiteral("Impostazione colori"));
-        QVERIFY(!form5->isModal());
-
-        choose(*form5, "Command1", QColor(255, 0, 0));
+        stage.drive().write(kWindowFile, " 65280\r\n");  // the window reads the files when it opens
+        const auto* const window = stage.open<Form5>("colore");
+        QVERIFY(!window->isModal());
+        QCOMPARE(control<ColourButton>(window, "Command2")->colour(), QColor(0, 255, 0));
+        QCOMPARE(seen(stage)[2], QColor(192, 192, 192));  // the main window keeps its own
+        choose(window, "Command1", {});
+        QCOMPARE(stage.drive().read(kDisplayFile), std::string(" 8421376\r\n"));
+        choose(window, "Command1", QColor(255, 0, 0));
+        choose(window, "Command2", QColor(0, 0, 255));
         QCOMPARE(stage.drive().read(kDisplayFile), std::string(" 255\r\n"));
-        QCOMPARE(seen(*form5->findChild<QWidget*>(QStringLiteral("Command1")), {20, 24}), QColor(255, 0, 0));
-        QCOMPARE(seen(*stage.control<QFrame>("Picture1"), {3, 3}), QColor(255, 0, 0));
-        for (std::size_t i = 0; i < DisplayLine::kCells; ++i) {
-            QCOMPARE(seen(*stage.control<SignCell>(qPrintable(element("Vendol", i))), {10, 10}),
-                     QColor(255, 0, 0));
-        }
-
-        choose(*form5, "Command2", QColor(0, 0, 255));
         QCOMPARE(stage.drive().read(kWindowFile), std::string(" 16711680\r\n"));
-        QCOMPARE(seen(stage.form1(), {3, stage.form1().height() / 2}), QColor(0, 0, 255));
-
-        QTest::mouseClick(form5->findChild<QPushButton*>(QStringLiteral("Command3")), Qt::LeftButton);
-        QTest::mouseClick(form5->findChild<QPushButton*>(QStringLiteral("Command4")), Qt::LeftButton);
+        QCOMPARE(control<ColourButton>(window, "Command1")->colour(), QColor(255, 0, 0));
+        QCOMPARE(seen(stage), QList<QColor>({Qt::red, Qt::red, Qt::blue}));
+        click(window, "Command3");
+        click(window, "Command4");
         QCOMPARE(stage.drive().read(kDisplayFile), std::string(" 8421376\r\n"));
         QCOMPARE(stage.drive().read(kWindowFile), std::string(" 12632256\r\n"));
-        QCOMPARE(seen(*stage.control<QFrame>("Picture1"), {3, 3}), QColor(0, 128, 128));
-        QCOMPARE(seen(stage.form1(), {3, stage.form1().height() / 2}), QColor(192, 192, 192));
-    }
-
-    void keepsTheColourWhenTheChooserIsCancelled()
-    {
-        Stage stage;
-        Form5* const form5 = open(stage);
-        choose(*form5, "Command1", std::nullopt);
-        QCOMPARE(stage.drive().read(kDisplayFile), std::string(" 8421376\r\n"));
-        QVERIFY(stage.session().colours().display == Colours::kDisplayDefault);
-    }
-
-    void showsWhatTheFilesHoldNow()
-    {
-        Stage stage;
-        stage.drive().write(kWindowFile, " 65280\r\n");
-        Form5* const form5 = open(stage);
-        QCOMPARE(form5->findChild<ColourButton*>(QStringLiteral("Command2"))->colour(), QColor(0, 255, 0));
-        QCOMPARE(seen(stage.form1(), {3, stage.form1().height() / 2}), QColor(0, 255, 0));
+        const QColor original(0, 128, 128);
+        QCOMPARE(seen(stage), QList<QColor>({original, original, QColor(192, 192, 192)}));
     }
 
     void staysClosedWithoutAColourFile()
@@ -106,10 +70,9 @@ class TestForm5 : public QObject {
         Stage stage;
         stage.drive().files().remove(kDisplayFile);
         stage.expect(defaultErrorReport(RuntimeError(ErrorNumber::FileNotFound)));
-        QVERIFY(open(stage) == nullptr);
-        QVERIFY(stage.noBoxLeft());
+        QVERIFY(stage.open<Form5>("colore") == nullptr);
     }
 };
 
-QTEST_MAIN(TestForm5)
+WINDOW_TESTS(ColourWindowTest)
 #include "ColourWindowTest.moc"

@@ -5,8 +5,9 @@
 #include <QMimeData>
 #include <QTableWidget>
 
+#include "windows/GuideWindow.hpp"
+#include "windows/PrintingWindow.hpp"
 #include "windows/signs/SignButton.hpp"
-#include "windows/signs/SignCell.hpp"
 #include "windows/signs/SignMenu.hpp"
 #include "windows/support/Stage.hpp"
 
@@ -15,7 +16,7 @@ using namespace karvel::testing;
 
 namespace {
 
-/// Types into whatever has the focus, as a person without a mouse does.
+/// Types into what has the focus, as a person without a mouse does.
 void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
@@ -23,122 +24,138 @@ void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 
 void type(const char* text)
 {
-    QTest::keyClicks(QApplication::focusWidget(), QLatin1String(text));
+    for (const char letter : std::string_view(text)) {  // the first one may move the focus
+        QTest::keyClick(QApplication::focusWidget(), letter);
+    }
 }
 
-QString focused()
+/// What a key can change: the phrase, the page, and the control that has the focus.
+QString state(Stage& stage)
 {
-    return QApplication::focusWidget() == nullptr ? QString() : QApplication::focusWidget()->objectName();
+    return QStringLiteral("%1 %2 %3")
+        .arg(qtext(stage.phrase()), QString::number(stage.session().palette().CurrentPage()),
+             QApplication::focusWidget() == nullptr ? QString() : QApplication::focusWidget()->objectName());
 }
 
 }  // namespace
 
-class TestKeyboard : public QObject {
+class KeyboardTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void everyKeyChangesWhatItSays()
+    {
+        Stage stage;
+        stage.activate();
+        stage.control<QWidget>("tasto(0)")->setFocus();
+        const struct {
+            Qt::Key key;
+            Qt::KeyboardModifiers modifiers;
+            const char* state;
+        } rows[] = {{Qt::Key_C, Qt::AltModifier | Qt::ShiftModifier, " 3 tasto(0)"},
+                    {Qt::Key_PageUp, {}, " 2 tasto(0)"},
+                    {Qt::Key_PageDown, {}, " 3 tasto(0)"},
+                    {Qt::Key_End, {}, " 3 tasto(52)"},
+                    {Qt::Key_Left, {}, " 3 tasto(51)"},
+                    {Qt::Key_Home, {}, " 3 tasto(0)"},
+                    {Qt::Key_Right, {}, " 3 tasto(1)"},
+                    {Qt::Key_Return, {}, "c02 3 tasto(1)"},
+                    {Qt::Key_Space, {}, "c02c02 3 tasto(1)"},
+                    {Qt::Key_Right, {}, "c02c02 3 tasto(2)"},
+                    {Qt::Key_Enter, {}, "c02c02c03 3 tasto(2)"},
+                    {Qt::Key_Z, Qt::ControlModifier, "c02c02 3 tasto(2)"},
+                    {Qt::Key_Enter, {}, "c02c02c03 3 tasto(2)"},
+                    {Qt::Key_Backspace, {}, "c02c02 3 tasto(2)"},
+                    {Qt::Key_F, Qt::ControlModifier, "c02c02 3 findSign"},
+                    {Qt::Key_Backspace, {}, "c02 3 findSign"},  // the empty field leaves it to the phrase
+                    {Qt::Key_Z, Qt::ControlModifier, "c02c02 3 findSign"},
+                    {Qt::Key_Escape, {}, "c02c02 3 tasto(2)"},
+                    {Qt::Key_G, {}, "c02c02 3 findSign"}};
+        for (const auto& row : rows) {
+            const QString before = state(stage);
+            QVERIFY2(before != QLatin1String(row.state), row.state);  // else the key would prove nothing
+            key(row.key, row.modifiers);
+            QCOMPARE(state(stage), QLatin1String(row.state));
+        }
+        stage.control<QWidget>("Vendol(0)")->setFocus();
+        key(Qt::Key_Space);
+        key(Qt::Key_Delete);
+        QCOMPARE(stage.phrase(), std::string("c02"));
+        stage.control<QWidget>("HScroll1")->setFocus();
+        key(Qt::Key_Right);
+        QCOMPARE(stage.session().palette().CurrentPage(), std::uint8_t(4));
+        key(Qt::Key_Left);
+        QCOMPARE(stage.session().palette().CurrentPage(), std::uint8_t(3));
+        // In a text field the same keys edit the text.
+        auto* const box = stage.control<QLineEdit>("Text1");
+        box->setFocus();
+        key(Qt::Key_Backspace);
+        QVERIFY(box->text().isEmpty());
+        QCOMPARE(stage.phrase(), std::string("c02"));
+        key(Qt::Key_P, Qt::ControlModifier);
+        QVERIFY(stage.windows().opened<form9>() != nullptr);
+        stage.activate();
+        key(Qt::Key_F1);
+        QVERIFY(stage.windows().opened<Guide>() != nullptr);
+    }
+
     void findsAndInsertsSigns()
     {
         Stage stage;
-        activate(stage);
+        stage.activate();
         stage.control<QWidget>("tasto(4)")->setFocus();
-        key(Qt::Key_F, Qt::ControlModifier);
-        QCOMPARE(focused(), QStringLiteral("findSign"));
         auto* const list = stage.control<QListWidget>("foundSigns");
         type("nfr");
         QVERIFY(list->isVisible());
         key(Qt::Key_Return);
+        QCOMPARE(stage.phrase(), std::string("d51"));
         type("m");
-        key(Qt::Key_Space);
+        key(Qt::Key_Space);  // the next of several signs with this value
         key(Qt::Key_Return);
-        const std::string homophone = stage.session().display().DisplayCodes().substr(3);
+        const std::string homophone = stage.phrase().substr(3);
         QVERIFY(homophone != "e16");
-        type("m");
-        QCOMPARE(list->currentRow(), 0);
+        type("m");  // the one used last comes first
         key(Qt::Key_Return);
-        QCOMPARE(stage.session().display().DisplayCodes(), "d51" + homophone + homophone);
+        QCOMPARE(stage.phrase(), "d51" + homophone + homophone);
         type("uomo seduto");
         QCOMPARE(stage.control<QLineEdit>("findSign")->text(), QStringLiteral("uomo seduto"));
         key(Qt::Key_Down);
         key(Qt::Key_Up);
         key(Qt::Key_Return);
-        QCOMPARE(stage.session().display().DisplayCodes().substr(9), std::string("a01"));
-        key(Qt::Key_Escape);
-        QCOMPARE(focused(), QStringLiteral("tasto(4)"));
+        QCOMPARE(stage.phrase().substr(9), std::string("a01"));
         QVERIFY(!list->isVisible());
     }
 
-    void whoJustTypesFindsASignAndSearches()
+    void enterSearches()
     {
-        Stage stage(record("e16", "in", "m", "preposizione"));
-        activate(stage);
+        Stage stage(record("e16", "in"));
+        stage.activate();
         QVERIFY(stage.control<QWidget>("hint")->isVisible());
         stage.control<QWidget>("tasto(4)")->setFocus();
-        type("g");
-        QCOMPARE(focused(), QStringLiteral("findSign"));
-        type("ufo");
-        QCOMPARE(stage.control<QLineEdit>("findSign")->text(), QStringLiteral("gufo"));
+        type("gufo");
         key(Qt::Key_Return);
-        QCOMPARE(stage.session().display().DisplayCodes(), std::string("e16"));
+        QCOMPARE(stage.phrase(), std::string("e16"));
         QVERIFY(!stage.control<QWidget>("hint")->isVisible());
-        stage.expect({.title = "Traduzione",
-                      .text = "1) -  IN\n\n2) -  m\n\nNote: preposizione",
-                      .buttons = Buttons::OkCancel},
-                     Button::Cancel);
-        key(Qt::Key_Return);
-        QVERIFY(stage.noBoxLeft());
+        for (const char* const place : {"findSign", "Vendol(0)"}) {  // the field is empty now
+            stage.activate();
+            stage.control<QWidget>(place)->setFocus();
+            stage.expect(foundBox("IN"), Button::Cancel);
+            key(Qt::Key_Return);
+            QVERIFY2(stage.noBoxLeft(), place);
+        }
     }
 
-    void movesAndEditsWithoutAMouse()
-    {
-        Stage stage(record("b02", "donna"));
-        activate(stage);
-        stage.control<QWidget>("tasto(0)")->setFocus();
-        key(Qt::Key_B, Qt::AltModifier);
-        QCOMPARE(stage.session().palette().CurrentPage(), std::uint8_t(2));
-        key(Qt::Key_PageDown);
-        key(Qt::Key_PageUp);
-        key(Qt::Key_Right);
-        QCOMPARE(focused(), QStringLiteral("tasto(1)"));
-        key(Qt::Key_Return);
-        key(Qt::Key_Space);
-        QCOMPARE(stage.session().display().DisplayCodes(), std::string("b02b02"));
-        key(Qt::Key_Backspace);
-        QCOMPARE(stage.session().display().DisplayCodes(), std::string("b02"));
-        key(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(stage.session().display().DisplayCodes(), std::string("b02"));
-        stage.control<QWidget>("Vendol(0)")->setFocus();
-        stage.expect(
-            {.title = "Traduzione", .text = "1) -  DONNA\n\n2) -  \n\nNote: ", .buttons = Buttons::OkCancel},
-            Button::Cancel);
-        key(Qt::Key_Return);
-        activate(stage);
-        stage.control<QWidget>("Vendol(0)")->setFocus();
-        key(Qt::Key_Space);
-        key(Qt::Key_Delete);
-        QVERIFY(stage.session().display().DisplayCodes().empty());
-        // In a text field the same keys edit the text.
-        stage.press("b02");
-        auto* const box = stage.control<QLineEdit>("Text1");
-        box->setFocus();
-        key(Qt::Key_Backspace);
-        QCOMPARE(stage.session().display().DisplayCodes(), std::string("b02"));
-        QVERIFY(stage.noBoxLeft());
-    }
-
-    void reachesTheMenus()
+    void f10OpensTheMenus()
     {
         Stage stage;
-        activate(stage);
+        stage.activate();
         stage.control<QWidget>("tasto(0)")->setFocus();
         key(Qt::Key_F10);
-        for (const char* const menu : {"File", "modifiche", "Opzioni", "preferiti", "Ricerca"}) {
+        for (int menu = 0; menu < 4; ++menu) {
             QTRY_VERIFY(QApplication::activePopupWidget() != nullptr);
-            QCOMPARE(QApplication::activePopupWidget()->objectName(), QLatin1String(menu));
-            if (QLatin1String(menu) != QLatin1String("Ricerca")) {
-                QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right);
-            }
+            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right);
         }
+        QCOMPARE(QApplication::activePopupWidget()->objectName(), QStringLiteral("Ricerca"));
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_D);
         QTRY_VERIFY(stage.session().modes().is(Mode::Split));
     }
@@ -146,54 +163,64 @@ class TestKeyboard : public QObject {
     void copiesAndPastes()
     {
         Stage stage;
-        activate(stage);
+        stage.activate();
         stage.control<QWidget>("tasto(0)")->setFocus();
         QApplication::clipboard()->setText(QStringLiteral("F35-I9-D21-Q99"));
         stage.expect({.title = "Incolla",
                       .text = "Questi segni non sono conosciuti e non sono stati inseriti:\n\nQ99",
                       .icon = Icon::Exclamation});
         key(Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(stage.session().display().DisplayCodes(), std::string("d51f21b47"));
-        activate(stage);
+        QCOMPARE(stage.phrase(), std::string("d51f21b47"));
+        stage.activate();
         key(Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("𓄤𓆑𓂋"));
         QCOMPARE(QApplication::clipboard()->mimeData()->data(QStringLiteral("text/x-gardiner")),
                  QByteArray("F35-I9-D21"));
-        QString many;
-        for (int i = 0; i < 90; ++i) {
-            many += QStringLiteral("𓄤");
+        auto* const field = stage.control<QLineEdit>("findSign");
+        field->setFocus();
+        const struct {
+            const char* text;
+            const char* phrase;
+            const char* field;
+        } rows[] = {{"A1", "d51f21b47a01", ""},
+                    {"gufo", "d51f21b47a01", "gufo"},
+                    {"A1", "d51f21b47a01", "gufoA1"},
+                    {"A1-A2", "d51f21b47a01a01a02", "gufoA1"}};
+        for (const auto& row : rows) {
+            QApplication::clipboard()->setText(QLatin1String(row.text));
+            key(Qt::Key_V, Qt::ControlModifier);
+            QCOMPARE(stage.phrase(), std::string(row.phrase));
+            QCOMPARE(field->text(), QLatin1String(row.field));
         }
-        QApplication::clipboard()->setText(many);
-        stage.expect(
-            {.title = "SISTEMA", .text = "attenzione limite massimo caratteri 84", .icon = Icon::Critical});
-        key(Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(stage.session().display().signs(), std::size_t(84));
-        QVERIFY(stage.noBoxLeft());
     }
 
-    void rightClickTellsWhereASignIsUsed()
+    void theMenuOfASign()
     {
         Stage stage(record("a01b02", "coppia") + record("c03", "altro") + record("b02a01", "coppia inversa"));
         const SignMenu menu(stage.desktop(), stage.windows());
-        auto* const keyOfSign = stage.control<SignButton>("tasto(0)");
-        QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(5, 5), keyOfSign->mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(keyOfSign, &click);
-        auto* const shown = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        QVERIFY(shown != nullptr);
-        QTest::keyClick(shown, Qt::Key_U);
-        auto* const table = stage.form1().findChild<QTableWidget*>(QStringLiteral("entries"));
-        QVERIFY(table != nullptr);
+        const auto rightClick = [&stage](const char* name) {
+            auto* const sign = stage.control<SignButton>(name);
+            QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(5, 5), sign->mapToGlobal(QPoint(5, 5)));
+            QApplication::sendEvent(sign, &click);
+        };
+        stage.choose("prefins");
+        rightClick("Cmd(0)");
+        QVERIFY(QApplication::activePopupWidget() == nullptr);
+        const auto choose = [&rightClick](Qt::Key item) {
+            rightClick("tasto(0)");
+            QVERIFY(QApplication::activePopupWidget() != nullptr);
+            QTest::keyClick(QApplication::activePopupWidget(), item);
+        };
+        choose(Qt::Key_I);
+        QCOMPARE(stage.phrase(), std::string("a01"));
+        choose(Qt::Key_C);
+        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("𓀀"));
+        choose(Qt::Key_U);
+        auto* const table = stage.control<QTableWidget>("entries");
         QCOMPARE(table->rowCount(), 2);
         QCOMPARE(table->item(1, 1)->text(), QStringLiteral("coppia inversa"));
     }
-
-  private:
-    static void activate(Stage& stage)
-    {
-        stage.form1().activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&stage.form1()));
-    }
 };
 
-QTEST_MAIN(TestKeyboard)
+WINDOW_TESTS(KeyboardTest)
 #include "KeyboardTest.moc"

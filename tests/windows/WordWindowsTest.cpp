@@ -8,7 +8,6 @@
 #include "windows/AlphabetWindow.hpp"
 #include "windows/NumeralsWindow.hpp"
 #include "windows/TranslatedWordsWindow.hpp"
-#include "windows/signs/SignCell.hpp"
 #include "windows/signs/SignSheet.hpp"
 #include "windows/support/Stage.hpp"
 
@@ -25,27 +24,33 @@ MessageBox word(const std::string& translation)
             .buttons = Buttons::OkCancel};
 }
 
-std::string shownCodes(Stage& stage)
-{
-    std::string codes;
-    for (std::size_t i = 0; i < DisplayLine::kCells; ++i) {
-        codes += stage.control<SignCell>(qPrintable(element("Vendol", i)))->cell().code;
-    }
-    return codes;
-}
-
-QStringList lines(const QListWidget* list)
+QStringList lines(const Form4* window)
 {
     QStringList all;
-    for (int i = 0; i < list->count(); ++i) {
-        all.append(list->item(i)->text());
+    for (const auto* const item : control<QListWidget>(window, "List1")->findItems("*", Qt::MatchWildcard)) {
+        all.append(item->text());
     }
     return all;
 }
 
+/// True when there is dark ink where `sign` stands on `page`, of which `sheet` fills the whole width.
+bool inkAt(const SheetSign* sign, const QImage& page, const SignSheet* sheet)
+{
+    const qreal factor = page.width() / static_cast<qreal>(sheet->width());
+    const QRectF place(QPointF(sign->pos()) * factor, QSizeF(sign->width(), sign->height() - 46) * factor);
+    const QImage part = page.copy(place.toRect());
+    int dark = 0;
+    for (int y = 0; y < part.height(); ++y) {
+        for (int x = 0; x < part.width(); ++x) {
+            dark += qGray(part.pixel(x, y)) < 80 ? 1 : 0;
+        }
+    }
+    return dark > 40;
+}
+
 }  // namespace
 
-class TestWordWindows : public QObject {
+class WordWindowsTest : public QObject {
     Q_OBJECT
 
   private slots:
@@ -59,11 +64,8 @@ class TestWordWindows : public QObject {
                 "Ora non vi sono termini presenti.",
             .icon = Icon::Information};
         stage.expect(nothing);
-        stage.choose("tradotte");
-        QVERIFY(stage.windows().opened<Form4>() == nullptr);
-
+        QVERIFY(stage.open<Form4>("tradotte") == nullptr);
         stage.choose("traduci");
-        QCOMPARE(stage.control<QLabel>("Label1")->text(), QStringLiteral("TIPO RICERCA: Dividi in parole"));
         for (const char* const sign : {"a01", "a02", "a03", "a01"}) {
             stage.press(sign);
         }
@@ -71,132 +73,74 @@ class TestWordWindows : public QObject {
         stage.expect(word("TRE"));
         stage.expect(word("UNO"), Button::Cancel);
         stage.click("Command12");
-        QVERIFY(stage.noBoxLeft());
-        QCOMPARE(stage.session().display().DisplayCodes(), std::string("a01"));
-
-        stage.choose("tradotte");
-        auto* const window = stage.windows().opened<Form4>();
-        QVERIFY(window != nullptr);
-        auto* const list = window->findChild<QListWidget*>(QStringLiteral("List1"));
-        QCOMPARE(lines(list), QStringList({"DUE", "TRE"}));
+        QCOMPARE(stage.phrase(), std::string("a01"));
+        const auto* const window = stage.open<Form4>("tradotte");
+        QCOMPARE(lines(window), QStringList({"DUE", "TRE"}));
         stage.expect(word("UNO"));  // the open window follows the next search
         stage.click("Command12");
-        QCOMPARE(lines(list), QStringList({"DUE", "TRE", "UNO"}));
-        QTest::mouseClick(window->findChild<QPushButton*>(QStringLiteral("Command1")), Qt::LeftButton);
+        QCOMPARE(lines(window), QStringList({"DUE", "TRE", "UNO"}));
+        click(window, "Command1");
         QTRY_VERIFY(stage.windows().opened<Form4>() == nullptr);
-
-        stage.choose("tradotte");
-        auto* const again = stage.windows().opened<Form4>();
-        QCOMPARE(again->findChild<QListWidget*>()->count(), 3);
-        QTest::mouseClick(again->findChild<QPushButton*>(QStringLiteral("Command2")), Qt::LeftButton);
-        QCOMPARE(again->findChild<QListWidget*>()->count(), 0);
+        const auto* const again = stage.open<Form4>("tradotte");
+        QCOMPARE(lines(again).size(), 3);
+        click(again, "Command2");
+        QVERIFY(lines(again).isEmpty());
         stage.expect(nothing);
         stage.choose("tradotte");
-        QVERIFY(stage.noBoxLeft());
     }
 
     void aNameIsTypedAndClickedAndTranscribed()
     {
         Stage stage;
-        stage.choose("ins");
-        auto* const window = stage.windows().opened<Form2>();
-        QVERIFY(window != nullptr && !window->isModal());
-        auto* const name = window->findChild<QLineEdit*>(QStringLiteral("Text1"));
+        const auto* const window = stage.open<Form2>("ins");
+        QVERIFY(!window->isModal());
+        auto* const name = control<QLineEdit>(window, "Text1");
         QTest::keyClicks(name, QStringLiteral("Cleopatr"));
-        QVERIFY(shownCodes(stage).empty());
-        QTest::mouseClick(window->findChild<SheetSign*>(QStringLiteral("sign(0)")), Qt::LeftButton);
+        QVERIFY(stage.cells().empty());
+        click(window, "sign(0)");
         QCOMPARE(name->text(), QStringLiteral("CleopatrA"));
         QVERIFY(window->focusWidget() == name);
         QTest::keyClick(name, Qt::Key_Return);
-        QCOMPARE(shownCodes(stage), std::string("n38d06g03n13i27p19o19b47p19"));
-        QVERIFY(stage.session().display().DisplayCodes().empty());
-        QCOMPARE(window->findChild<QLabel*>(QStringLiteral("count"))->text(), QStringLiteral("Segni: 9"));
-        name->setText(QStringLiteral("12"));
-        QTest::keyClick(name, Qt::Key_Return);
-        QVERIFY(shownCodes(stage).empty());
+        QCOMPARE(stage.cells(), std::string("n38d06g03n13i27p19o19b47p19"));
+        QVERIFY(stage.phrase().empty());
+        QCOMPARE(control<QLabel>(window, "count")->text(), QStringLiteral("Segni: 9"));
     }
 
-    void theSheetsHoldTheirSignsAndPrintThemOnAPage()
+    void theSheetsHoldTheirSignsAndPrintThem()
     {
         Stage stage;
-        stage.choose("ins");
-        stage.choose("numeri");
-        const auto* const numerals = stage.windows().opened<Numerals>();
-        QVERIFY(numerals != nullptr);
+        const auto* const alphabet = control<SignSheet>(stage.open<Form2>("ins"), "chart");
+        const auto* const numerals = control<SignSheet>(stage.open<Numerals>("numeri"), "chart");
         std::string codes;
-        for (int i = 0; i < 7; ++i) {
-            codes += numerals->findChild<SheetSign*>(element("sign", static_cast<std::size_t>(i)))->code();
+        for (std::size_t i = 0; i < 7; ++i) {
+            codes += control<SheetSign>(numerals, element("sign", i))->code();
         }
         QCOMPARE(codes, std::string("o35n27n10f51c23f20b20"));
-        const auto* const alphabet = stage.windows().opened<Form2>();
-        for (const QDialog* const window :
-             {static_cast<const QDialog*>(alphabet), static_cast<const QDialog*>(numerals)}) {
-            const auto* const sheet = window->findChild<SignSheet*>(QStringLiteral("chart"));
-            QImage page(1400, 1000, QImage::Format_RGB32);
+        for (const SignSheet* const sheet : {alphabet, numerals}) {
+            QImage page(sheet->size() * 1.3, QImage::Format_RGB32);
             page.fill(Qt::white);
             QPainter painter(&page);
             sheet->draw(painter, QRectF(page.rect()), 1);
             painter.end();
-            // Dark ink stands in the middle of every sign's place.
-            const qreal factor = std::min(1400.0 / sheet->width(), 1000.0 / sheet->height());
-            const qreal left = (1400 - sheet->width() * factor) / 2;
             for (const SheetSign* const sign : sheet->findChildren<SheetSign*>()) {
-                const QRect place = sign->geometry();
-                const QRect onPage(static_cast<int>(left + place.x() * factor),
-                                   static_cast<int>(place.y() * factor),
-                                   static_cast<int>(place.width() * factor),
-                                   static_cast<int>((place.height() - 46) * factor));
-                int dark = 0;
-                for (int y = onPage.top(); y < onPage.bottom(); ++y) {
-                    for (int x = onPage.left(); x < onPage.right(); ++x) {
-                        dark += qGray(page.pixel(x, y)) < 80 ? 1 : 0;
-                    }
-                }
-                QVERIFY2(dark > 40, sign->code().c_str());
+                QVERIFY2(inkAt(sign, page, sheet), sign->code().c_str());
             }
         }
-    }
-
-    void aSheetThatCannotBePrintedIsAFailure()
-    {
-        Stage stage;
-        stage.choose("numeri");
-        const auto* const sheet =
-            stage.windows().opened<Numerals>()->findChild<SignSheet*>(QStringLiteral("chart"));
         const QTemporaryDir directory;
         QPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(directory.filePath(QStringLiteral("foglio.pdf")));
-        sheet->printOn(printer);
+        numerals->printOn(printer);
         QVERIFY(QFileInfo(printer.outputFileName()).size() > 1000);
         printer.setOutputFileName(directory.filePath(QStringLiteral("manca/foglio.pdf")));
         try {
-            sheet->printOn(printer);
+            numerals->printOn(printer);
             QFAIL("printed into a directory that is not there");
         } catch (const RuntimeError& error) {
             QCOMPARE(error.value(), 75);
         }
     }
-
-    void undoTellsOfADamagedFileAndGoesOn()
-    {
-        Stage stage;
-        stage.press("a01");
-        stage.press("a02");
-        stage.choose("undo");
-        QCOMPARE(shownCodes(stage), std::string("a01"));
-        stage.drive().write("C:\\programmi\\Karvel\\Undo.dat", "file undo\r\n");
-        stage.expect({.title = "Messaggio di sistema",
-                      .text = "Non è possibile tornare allo stato precedente: il file Undo.dat manca o è "
-                              "danneggiato.\n\nErrore 62: Input oltre la fine del file",
-                      .icon = Icon::Critical});
-        stage.choose("undo");
-        QVERIFY(stage.noBoxLeft());
-        QVERIFY(shownCodes(stage).empty());
-        stage.press("a03");
-        QCOMPARE(shownCodes(stage), std::string("a03"));
-    }
 };
 
-QTEST_MAIN(TestWordWindows)
+WINDOW_TESTS(WordWindowsTest)
 #include "WordWindowsTest.moc"

@@ -20,10 +20,11 @@ namespace karvel {
 
 namespace {
 
-constexpr int kIcon = 40;  // logical pixels
-constexpr int kShown = 8;  // rows before the list scrolls
+constexpr int kIcon = 40;           // logical pixels
+constexpr int kShown = 8;           // rows before the list scrolls
+constexpr std::size_t kFound = 40;  // signs listed at most
 
-/// Draws a row's sign when the row comes into sight: of forty found, eight are seen.
+/// Draws a row's sign only when the row is visible: of forty rows eight are.
 class SignRow : public QStyledItemDelegate {
   public:
     SignRow(Desktop& desktop, QObject* parent) : QStyledItemDelegate(parent), desktop_(desktop) {}
@@ -108,7 +109,7 @@ void FindSign::start(const QString& typed)
 
 void FindSign::list()
 {
-    found_ = desktop_.session().finder().find(utf8(field_->text()), 40);
+    found_ = desktop_.session().finder().find(typed(field_->text()), kFound);
     list_->clear();
     for (const SignInfo* const sign : found_) {
         auto* const row = new QListWidgetItem(qtext(signCaption(sign->code)), list_);
@@ -138,10 +139,10 @@ void FindSign::move(int step)
     }
 }
 
-/// Several signs with the value typed: there Space takes the next one, elsewhere it parts words.
+/// True when several signs have the value typed. Then Space selects the next one; otherwise it is a blank.
 bool FindSign::homophonesListed() const
 {
-    const std::string value = asciiTransliteration(utf8(field_->text().trimmed()));
+    const std::string value = asciiTransliteration(typed(field_->text().trimmed()));
     return found_.size() > 1 && found_[0]->placeOf(value) && found_[1]->placeOf(value);
 }
 

@@ -22,12 +22,15 @@ class FindSign : public QWidget {
     /// The list opens over `stage`, which must outlive the field.
     FindSign(Desktop& desktop, QWidget& stage, QWidget* parent);
 
-    /// Puts the cursor into the field, with `typed` as its text if there is one; Escape brings it back to
-    /// where it was.
+    /// Moves the focus into the field; `typed`, if not empty, becomes its text. Escape moves the focus back.
+    ///
     void start(const QString& typed = {});
 
+    /// The field itself; it has the focus while the user searches.
+    [[nodiscard]] const QLineEdit* field() const { return field_; }
+
   signals:
-    /// Enter was pressed in the empty field: all signs are there.
+    /// Enter was pressed in the empty field: the user has typed all signs.
     void finished();
 
   protected:

@@ -31,6 +31,15 @@
 
 namespace karvel {
 
+QString Form1::gardinerRange(const std::string& first, const std::string& last)
+{
+    const SignInfo* const from = SignRepertoire::standard().byCode(first);
+    const SignInfo* const to = SignRepertoire::standard().byCode(last);
+    return from != nullptr && to != nullptr  // neither when start-up stopped at an image
+               ? QStringLiteral("Gardiner %1 – %2").arg(qtext(from->gardiner), qtext(to->gardiner))
+               : QString();
+}
+
 Form1::Form1(Desktop& desktop, WindowSet& windows) : desktop_(desktop), windows_(windows)
 {
     setObjectName(QStringLiteral("Form1"));
@@ -39,7 +48,11 @@ Form1::Form1(Desktop& desktop, WindowSet& windows) : desktop_(desktop), windows_
     buildCentre();
     buildStatusBar();
     placeOnScreen();
-    keyboard_ = std::make_unique<Keyboard>(desktop_, *this, *find_);
+    keyboard_ = std::make_unique<Keyboard>(desktop_, Keyboard::Controls{.window = this,
+                                                                        .pages = hScroll1_,
+                                                                        .firstCell = vendol_.front(),
+                                                                        .lastCell = vendol_.back(),
+                                                                        .find = find_});
     connect(&desktop_, &Desktop::changed, this, &Form1::showState);
     tasto_[0]->setFocus();
 }
@@ -57,7 +70,7 @@ void Form1::closeEvent(QCloseEvent* event)
     QApplication::quit();
 }
 
-/// The system has changed its theme: its contrast may go before the user's colours now, or no longer.
+/// When the system changes its theme, high contrast may begin or end: the colours are set again.
 bool Form1::event(QEvent* event)
 {
     const bool known = QMainWindow::event(event);
@@ -71,7 +84,7 @@ bool Form1::event(QEvent* event)
 void Form1::leave()
 {
     if (confirmExit(desktop_.session().ui())) {
-        leaving_ = true;  // asked once is enough: the close box's question is left out
+        leaving_ = true;  // one question is enough: closeEvent does not ask again
         close();
     }
 }
@@ -136,17 +149,8 @@ void Form1::showColours()
 void Form1::showIcons()
 {
     const QColor ink = palette().color(QPalette::ButtonText);
-    const std::pair<const char*, Symbol> symbols[] = {{"CSX", Symbol::Left},
-                                                      {"CDX", Symbol::Right},
-                                                      {"Command1", Symbol::Start},
-                                                      {"Command3", Symbol::End},
-                                                      {"Command4", Symbol::DeleteSign},
-                                                      {"Command8", Symbol::ClearAll},
-                                                      {"Command7", Symbol::Magnify},
-                                                      {"Command9", Symbol::AddToDictionary},
-                                                      {"Co5", Symbol::Cross}};
-    for (const auto& [name, symbol] : symbols) {
-        findChild<QToolButton*>(QLatin1String(name))->setIcon(symbolIcon(symbol, ink));
+    for (const auto& [button, symbol] : symbols_) {
+        button->setIcon(symbolIcon(symbol, ink));
     }
     command12_->setIcon(symbolIcon(Symbol::Search, command12_->palette().color(QPalette::ButtonText)));
 }
@@ -176,29 +180,10 @@ void Form1::showPalette()
     if (text1_->text() != qtext(shown.pageText())) {
         text1_->setText(qtext(shown.pageText()));
     }
-    const auto number = [&shown](std::size_t key) {
-        const SignInfo* const sign = SignRepertoire::standard().byCode(shown.codeOf(key));
-        return sign != nullptr ? qtext(sign->gardiner) : QString();
-    };
-    const QString first = number(0);
-    const QString last = number(kKeys - 1);
-    const bool known = !first.isEmpty() && !last.isEmpty();  // not so when start-up stopped at an image
-    pageRange_->setText(known ? QStringLiteral("Gardiner %1 – %2").arg(first, last) : QString());
+    pageRange_->setText(gardinerRange(shown.codeOf(0), shown.codeOf(kKeys - 1)));
 }
 
-void Form1::prepareToShow()
-{
-    layout()->activate();
-    fitDisplayLine();
-    keys_->arrange();
-    std::vector<std::string> pictures;
-    for (const SignButton* const key : tasto_) {
-        pictures.push_back(key->picturePath());
-    }
-    desktop_.pictures().scaleAhead(pictures, tasto_[0]->pictureSide(), devicePixelRatioF());
-}
-
-/// The pages beside this one first: they are the likeliest to be turned to.
+/// Scales the signs of all pages in the background; the pages next to the current one come first.
 void Form1::preparePages()
 {
     const int here = desktop_.session().palette().CurrentPage();

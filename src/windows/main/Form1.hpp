@@ -6,10 +6,12 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/SignCode.hpp"
 #include "compose/DisplayLine.hpp"
+#include "windows/support/Icons.hpp"
 
 class QAction;
 class QFrame;
@@ -38,17 +40,14 @@ class Form1 : public QMainWindow {
   public:
     static constexpr std::size_t kFavourites = 8;
 
-    /// Both must outlive the window. Nothing is loaded yet: start-up comes first, then `showState`.
+    /// Both must outlive the window. It is empty until `showState`, which comes after start-up.
     Form1(Desktop& desktop, WindowSet& windows);
     ~Form1() override;
 
     /// Shows what the session holds now.
     void showState();
 
-    /// Lays the window out before it is shown, so that its signs are scaled while the system puts it up.
-    void prepareToShow();
-
-    /// How far a long reading has come, 0 to 100; -1 when it has ended.
+    /// Shows the progress of a long reading, 0 to 100; -1 when it has ended.
     void showProgress(int percent);
 
   protected:
@@ -64,6 +63,7 @@ class Form1 : public QMainWindow {
         std::function<void()> handler;
         QString shortcut = {};
         bool checkable = false;
+        bool separated = false;  ///< a separator stands before it
     };
     struct Menu {
         const char* name;
@@ -72,8 +72,10 @@ class Form1 : public QMainWindow {
     };
 
     void buildMenus();
-    void addMenu(const Menu& menu);
+    /// Adds the menu; the actions in the order of its items.
+    std::vector<QAction*> addMenu(const Menu& menu);
     [[nodiscard]] Menu fileMenu();
+    [[nodiscard]] Menu editMenu();
     [[nodiscard]] Menu optionsMenu();
     [[nodiscard]] Menu favouritesMenu();
     [[nodiscard]] Menu searchMenu();
@@ -88,12 +90,15 @@ class Form1 : public QMainWindow {
     void placeOnScreen();
     void fitDisplayLine();
     QToolButton* button(const char* name, const QString& tooltip, std::function<void()> handler);
+    QToolButton* button(const char* name, Symbol symbol, const QString& tooltip,
+                        std::function<void()> handler);
 
     void showColours();
     void showIcons();
     void showDisplay();
     void showPalette();
     void preparePages();
+    [[nodiscard]] static QString gardinerRange(const std::string& first, const std::string& last);
     void showFavourites();
     void showModes();
 
@@ -108,26 +113,27 @@ class Form1 : public QMainWindow {
     QLabel* label1_ = nullptr;
     QFrame* picture1_ = nullptr;
     std::array<SignCell*, DisplayLine::kCells> vendol_{};
-    QLabel* hint_ = nullptr;  ///< how to begin, while the display line is empty
+    QLabel* hint_ = nullptr;  ///< tells how to begin while the display line is empty
     QToolButton* csx_ = nullptr;
     QToolButton* cdx_ = nullptr;
     QToolButton* deleteSign_ = nullptr;
     QPushButton* command12_ = nullptr;
     std::array<SignButton*, kFavourites> cmd_{};
-    QLabel* noFavourites_ = nullptr;  ///< what an empty strip says
+    QLabel* noFavourites_ = nullptr;  ///< shown while the strip is empty
     QLabel* label2_ = nullptr;
-    std::array<QToolButton*, 5> panel_{};  ///< what deletes favourites
+    std::array<QToolButton*, 5> panel_{};  ///< the buttons that delete favourites
     SquareGrid* keys_ = nullptr;
     std::array<SignButton*, kKeys> tasto_{};
     QScrollBar* hScroll1_ = nullptr;
     PageBox* text1_ = nullptr;
     QLabel* pageRange_ = nullptr;
-    std::string prepared_;  ///< the first picture of the page whose neighbours are being scaled
-    QTimer pageTurned_;     ///< runs out when the user looks at a page: time to scale the next ones
+    std::string prepared_;  ///< the first picture of the page for which preparePages ran last
+    QTimer pageTurned_;     ///< starts preparePages when a page has been shown for a moment
     FindSign* find_ = nullptr;
     std::unique_ptr<Keyboard> keyboard_;
     std::array<QLabel*, 3> panels_{};
-    std::array<QAction*, 6> modeItems_{};
+    std::vector<std::pair<QToolButton*, Symbol>> symbols_;  ///< the buttons with a symbol
+    std::vector<QAction*> modeItems_;                       ///< of the six search modes
     QRgb shownWindow_ = 0;
     QRgb shownDisplay_ = 0;
     bool leaving_ = false;

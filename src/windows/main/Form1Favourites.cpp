@@ -15,7 +15,9 @@ namespace karvel {
 
 namespace {
 
-constexpr int kSide = 56;  // logical pixels of a favourite
+// Logical pixels.
+constexpr int kSide = 56;  // of a favourite
+constexpr int kSmallestSide = 24;
 constexpr int kSmallKey = 34;
 constexpr int kGap = 4;
 
@@ -49,14 +51,16 @@ QWidget* Form1::favouriteKeys()
         cmd_[i] = new SignButton(desktop_.pictures(), strip);
         cmd_[i]->setObjectName(element("Cmd", i));
         cmd_[i]->setAccessibleName(QStringLiteral("preferito %1").arg(i + 1));
-        cmd_[i]->setFixedSize(kSide, kSide);
-        // A hidden one keeps its place, so that no key moves away under the pointer.
+        cmd_[i]->setMinimumSize(kSmallestSide, kSmallestSide);
+        cmd_[i]->setMaximumSize(kSide, kSide);
+        cmd_[i]->setContextMenuPolicy(Qt::PreventContextMenu);
+        // A hidden button keeps its place, so that the others do not move under the pointer.
         QSizePolicy policy = cmd_[i]->sizePolicy();
         policy.setRetainSizeWhenHidden(true);
         cmd_[i]->setSizePolicy(policy);
         cmd_[i]->hide();
         keys->addWidget(cmd_[i]);
-        // A favourite acts when the button goes down; the release may fall into a message box.
+        // A favourite acts when it is pressed; a message box may then receive the release.
         connect(cmd_[i], &QAbstractButton::pressed, this, [this, &favourites, i] {
             desktop_.handle([&favourites, i] { favourites.press(i); });
             if (QApplication::mouseButtons() == Qt::NoButton) {
@@ -74,7 +78,7 @@ QBoxLayout* Form1::favouritesStrip()
                              std::function<void()> handler) {
         QToolButton* const key = button(name, tooltip, std::move(handler));
         key->setText(caption);
-        key->setMinimumSize(kSmallKey, kSmallKey);
+        key->setMinimumSize(key->sizeHint().expandedTo({kSmallKey, kSmallKey}));
         return key;
     };
     label2_ = new QLabel(centre_);
@@ -91,6 +95,7 @@ QBoxLayout* Form1::favouritesStrip()
              [&favourites] { favourites.deleteAll(); }),
         made("Co5", QString(), QStringLiteral("Chiude questo pannello comandi"),
              [&favourites] { favourites.closePanel(); })};
+    symbols_.emplace_back(panel_.back(), Symbol::Cross);
 
     auto* const row = new QHBoxLayout;
     row->setSpacing(kGap);

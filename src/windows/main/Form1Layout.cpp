@@ -20,6 +20,7 @@
 #include "windows/signs/SignCell.hpp"
 #include "windows/signs/SquareGrid.hpp"
 #include "windows/support/Desktop.hpp"
+#include "windows/support/ScreenFit.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/WindowSet.hpp"
 
@@ -27,7 +28,9 @@ namespace karvel {
 
 namespace {
 
-constexpr int kGap = 8;  // logical pixels between the parts of the window
+constexpr int kGap = 8;          // logical pixels between the parts of the window
+constexpr int kLowScreen = 450;  // logical pixels: below this height every gap counts
+constexpr int kPageRests = 150;  // milliseconds without a page turn before other pages are scaled
 
 QLabel* label(const char* name, QWidget* parent)
 {
@@ -56,6 +59,14 @@ QToolButton* Form1::button(const char* name, const QString& tooltip, std::functi
     return made;
 }
 
+QToolButton* Form1::button(const char* name, Symbol symbol, const QString& tooltip,
+                           std::function<void()> handler)
+{
+    QToolButton* const made = button(name, tooltip, std::move(handler));
+    symbols_.emplace_back(made, symbol);
+    return made;
+}
+
 QWidget* Form1::displayLine()
 {
     DisplayLine& display = desktop_.session().display();
@@ -73,6 +84,8 @@ QWidget* Form1::displayLine()
         connect(vendol_[i], &QAbstractButton::clicked, this,
                 [this, &display, i] { desktop_.handle([&display, i] { display.clickCell(i); }); });
     }
+    picture1_->setFocusProxy(vendol_.front());
+    desktop_.setDisplay(*picture1_);
     hint_ = label("hint", picture1_);
     hint_->setText(
         QStringLiteral("Premete i segni della tavolozza, oppure scrivete un valore (nfr)\n"
@@ -84,8 +97,10 @@ QWidget* Form1::displayLine()
     framed->addWidget(cells, 0, 0);
     framed->addWidget(hint_, 0, 0, Qt::AlignCenter);
 
-    csx_ = button("CSX", QStringLiteral("cursore a sinistra"), [&display] { display.cursorLeft(); });
-    cdx_ = button("CDX", QStringLiteral("cursore a destra"), [&display] { display.cursorRight(); });
+    csx_ = button("CSX", Symbol::Left, QStringLiteral("cursore a sinistra"),
+                  [&display] { display.cursorLeft(); });
+    cdx_ = button("CDX", Symbol::Right, QStringLiteral("cursore a destra"),
+                  [&display] { display.cursorRight(); });
     for (QToolButton* const cursor : {csx_, cdx_}) {
         cursor->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
         cursor->setAutoRepeat(true);
@@ -113,25 +128,25 @@ QBoxLayout* Form1::displayButtons()
     connect(command12_, &QPushButton::clicked, this,
             [this, &session] { desktop_.handle([&session] { session.search(); }); });
 
-    deleteSign_ = button("Command4", QStringLiteral("cancella geroglifico selezionato"),
+    deleteSign_ = button("Command4", Symbol::DeleteSign, QStringLiteral("cancella geroglifico selezionato"),
                          [&display] { display.deleteSelected(); });
     auto* const row = new QHBoxLayout;
     row->setSpacing(kGap / 2);
     row->addWidget(command12_);
     row->addSpacing(kGap * 2);
-    row->addWidget(
-        button("Command1", QStringLiteral("vai a inizio frase"), [&display] { display.startOfPhrase(); }));
-    row->addWidget(
-        button("Command3", QStringLiteral("vai a fine frase"), [&display] { display.endOfPhrase(); }));
+    row->addWidget(button("Command1", Symbol::Start, QStringLiteral("vai a inizio frase"),
+                          [&display] { display.startOfPhrase(); }));
+    row->addWidget(button("Command3", Symbol::End, QStringLiteral("vai a fine frase"),
+                          [&display] { display.endOfPhrase(); }));
     row->addSpacing(kGap * 2);
     row->addWidget(deleteSign_);
-    row->addWidget(
-        button("Command8", QStringLiteral("cancella i geroglifici"), [&display] { display.clearAll(); }));
+    row->addWidget(button("Command8", Symbol::ClearAll, QStringLiteral("cancella i geroglifici"),
+                          [&display] { display.clearAll(); }));
     row->addSpacing(kGap * 2);
-    row->addWidget(
-        button("Command7", QStringLiteral("ingrandimento"), [this] { windows_.open<Ingrandimento>(); }));
-    row->addWidget(
-        button("Command9", QStringLiteral("inserisci nel dizionario"), [this] { insertInDictionary(); }));
+    row->addWidget(button("Command7", Symbol::Magnify, QStringLiteral("ingrandimento"),
+                          [this] { windows_.open<Ingrandimento>(); }));
+    row->addWidget(button("Command9", Symbol::AddToDictionary, QStringLiteral("inserisci nel dizionario"),
+                          [this] { insertInDictionary(); }));
     row->addStretch(1);
     return row;
 }
@@ -151,17 +166,23 @@ QBoxLayout* Form1::pageLine()
     hScroll1_->setAccessibleName(QStringLiteral("pagina della tavolozza"));
     hScroll1_->setRange(1, static_cast<int>(kPages));
     hScroll1_->setPageStep(1);
-    hScroll1_->setTracking(false);  // a page is loaded when the thumb is let go, not on the way
+    hScroll1_->setTracking(false);  // a page is loaded when the thumb is released, not while it is dragged
     hScroll1_->setFocusPolicy(Qt::StrongFocus);
     pageRange_ = label("pageRange", centre_);
+    int widest = 0;  // one width for all pages, so that the bar's arrow does not move under the pointer
+    for (std::size_t page = 1; page <= kPages; ++page) {
+        const QString text = gardinerRange(signCode(page, 0), signCode(page, kKeys - 1));
+        widest = std::max(widest, pageRange_->fontMetrics().horizontalAdvance(text));
+    }
+    pageRange_->setFixedWidth(widest + 2);
     connect(hScroll1_, &QScrollBar::sliderMoved, this,
             [this, &palette](int value) { desktop_.handle([&palette, value] { palette.scrolled(value); }); });
     connect(hScroll1_, &QScrollBar::valueChanged, this,
             [this, &palette](int value) { desktop_.handle([&palette, value] { palette.changed(value); }); });
     connect(text1_, &QLineEdit::textEdited, this,
-            [&palette](const QString& typed) { palette.typed(utf8(typed)); });
+            [&palette](const QString& text) { palette.typed(typed(text)); });
     connect(text1_, &PageBox::enterPressed, this, [this, &palette] {
-        desktop_.handle([&] { palette.enterPage(utf8(text1_->text())); });
+        desktop_.handle([&] { palette.enterPage(typed(text1_->text())); });
         text1_->selectAll();
     });
     connect(text1_, &PageBox::keyPressed, this,
@@ -198,12 +219,13 @@ void Form1::buildCentre()
                 [this, &palette, i] { desktop_.handle([&palette, i] { palette.press(i); }); });
     }
     pageTurned_.setSingleShot(true);
-    pageTurned_.setInterval(150);  // milliseconds: who leafs on is not waited upon
+    pageTurned_.setInterval(kPageRests);
     connect(&pageTurned_, &QTimer::timeout, this, &Form1::preparePages);
 
+    const int gap = roomOnScreen(*this).height() < kLowScreen ? kGap / 2 : kGap;
     auto* const column = new QVBoxLayout(centre_);
-    column->setContentsMargins(kGap + 4, kGap, kGap + 4, kGap);
-    column->setSpacing(kGap);
+    column->setContentsMargins(kGap + 4, gap, kGap + 4, gap);
+    column->setSpacing(gap);
     column->addWidget(label1_);
     column->addWidget(displayLine());
     column->addLayout(displayButtons());
@@ -225,13 +247,14 @@ void Form1::buildStatusBar()
     }
 }
 
-/// The display line is as high as its cells are wide, but leaves the palette the larger share.
+/// Makes the display line as high as its cells are wide, but no higher than a fifth of the window.
 void Form1::fitDisplayLine()
 {
     const int cells = static_cast<int>(vendol_.size());
     const int side = (width() - 2 * csx_->sizeHint().width() - 8 * kGap) / cells;
     picture1_->setFixedHeight(std::clamp(side, 40, std::max(40, height() / 5)) + 2 * kGap);
     centre_->layout()->activate();  // at once, so that no frame shows the line half resized
+    picture1_->parentWidget()->layout()->activate();
 }
 
 void Form1::resizeEvent(QResizeEvent* event)
@@ -241,7 +264,7 @@ void Form1::resizeEvent(QResizeEvent* event)
     pageTurned_.start();
 }
 
-/// Large enough for the signs, and wholly on the screen at first sight.
+/// The first size and place: large enough for the signs, and within the free area of the screen.
 void Form1::placeOnScreen()
 {
     const QRect free = QGuiApplication::primaryScreen()->availableGeometry();

@@ -1,8 +1,10 @@
 #include <QApplication>
+#include <QClipboard>
 #include <QMenu>
 #include <QMenuBar>
 
 #include "app/Views.hpp"
+#include "compose/Paste.hpp"
 #include "windows/AboutWindow.hpp"
 #include "windows/AlphabetWindow.hpp"
 #include "windows/ColourWindow.hpp"
@@ -12,18 +14,24 @@
 #include "windows/LinkPage.hpp"
 #include "windows/NumeralsWindow.hpp"
 #include "windows/PrintingWindow.hpp"
+#include "windows/main/FindSign.hpp"
 #include "windows/main/Form1.hpp"
+#include "windows/signs/SignMenu.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/WindowSet.hpp"
 
 namespace karvel {
 
-void Form1::addMenu(const Menu& menu)
+std::vector<QAction*> Form1::addMenu(const Menu& menu)
 {
+    std::vector<QAction*> actions;
     QMenu* const shown = menuBar()->addMenu(menu.caption);
     shown->setObjectName(QLatin1String(menu.name));
     for (const Item& item : menu.items) {
+        if (item.separated) {
+            shown->addSeparator();
+        }
         QAction* const action = shown->addAction(item.caption);
         action->setObjectName(QLatin1String(item.name));
         action->setCheckable(item.checkable);
@@ -35,7 +43,9 @@ void Form1::addMenu(const Menu& menu)
             connect(action, &QAction::triggered, this,
                     [this, handler = item.handler] { desktop_.handle(handler); });
         }
+        actions.push_back(action);
     }
+    return actions;
 }
 
 Form1::Menu Form1::fileMenu()
@@ -47,6 +57,32 @@ Form1::Menu Form1::fileMenu()
                  QStringLiteral("Ctrl+P")},
                 {"Esci", QStringLiteral("&Esci"), [this] { leave(); }},
             }};
+}
+
+Form1::Menu Form1::editMenu()
+{
+    Session& session = desktop_.session();
+    const auto copy = [&session] {
+        if (!session.display().DisplayCodes().empty()) {
+            copyPhrase(session.display().DisplayCodes());
+        }
+    };
+    const auto paste = [&session] {
+        pastePhrase(session.palette(), session.ui(), typed(QApplication::clipboard()->text()));
+    };
+    return {
+        "modifiche",
+        QStringLiteral("&Modifiche"),
+        {
+            {"undo", QStringLiteral("&Undo"), [&session] { undo(session); }, QStringLiteral("Ctrl+Z")},
+            {.name = "copia",
+             .caption = QStringLiteral("&Copia"),
+             .handler = copy,
+             .shortcut = QStringLiteral("Ctrl+C"),
+             .separated = true},
+            {"incolla", QStringLiteral("&Incolla"), paste, QStringLiteral("Ctrl+V")},
+            {"trova", QStringLiteral("&Trova segno"), [this] { find_->start(); }, QStringLiteral("Ctrl+F")},
+        }};
 }
 
 Form1::Menu Form1::optionsMenu()
@@ -84,12 +120,10 @@ void Form1::buildMenus()
 {
     Session& session = desktop_.session();
     addMenu(fileMenu());
-    addMenu({"modifiche", QStringLiteral("&Modifiche"), {{"undo", QStringLiteral("&Undo"), [&session] {
-                                                              undo(session);
-                                                          }}}});
+    addMenu(editMenu());
     addMenu(optionsMenu());
     addMenu(favouritesMenu());
-    addMenu(searchMenu());
+    modeItems_ = addMenu(searchMenu());
     addMenu({"fonemi",
              QStringLiteral("&Tabelle"),
              {{"ins", QStringLiteral("&Alfabeto"), [this] { windows_.open<Form2>(); }},
@@ -108,7 +142,7 @@ void Form1::buildMenus()
               // Kept: signs are always inserted directly, so there is nothing to go back to.
               {"normale", QStringLiteral("&Normale"), [] {}}}});
     addMenu({"internet",
-             QStringLiteral("&Internet"),
+             QStringLiteral("Int&ernet"),
              {{"connetti", QStringLiteral("&Collegamenti"),
                [this, &session] { openLinkPage(session, *this); }}}});
     addMenu(
@@ -116,9 +150,6 @@ void Form1::buildMenus()
          QStringLiteral("I&nfo"),
          {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] { windows_.open<frmAbout>(); }},
           {"guida", QStringLiteral("&Guida"), [this] { windows_.open<Guide>(); }, QStringLiteral("F1")}}});
-    for (std::size_t i = 0; i < modeItems_.size(); ++i) {
-        modeItems_[i] = findChild<QAction*>(qtext(SearchModes::kItems[i]));
-    }
 }
 
 }  // namespace karvel

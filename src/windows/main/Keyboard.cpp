@@ -1,40 +1,36 @@
 #include "windows/main/Keyboard.hpp"
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QScrollBar>
 #include <algorithm>
 
 #include "compose/Paste.hpp"
 #include "windows/main/FindSign.hpp"
-#include "windows/main/Form1.hpp"
 #include "windows/signs/SignButton.hpp"
 #include "windows/signs/SignCell.hpp"
-#include "windows/signs/SignMenu.hpp"
 #include "windows/signs/SquareGrid.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
 
-Keyboard::Keyboard(Desktop& desktop, Form1& form1, FindSign& find)
-    : desktop_(desktop), form1_(form1), find_(find)
+Keyboard::Keyboard(Desktop& desktop, const Controls& controls) : desktop_(desktop), controls_(controls)
 {
     qApp->installEventFilter(this);
 }
 
-/// The keys reach the filter on their way to the widget that has the focus; menus and boxes keep theirs.
+/// True for the widget of the main window that has the focus; open menus and boxes get their keys untouched.
 bool Keyboard::concerns(QObject* watched) const
 {
     const auto* const widget = qobject_cast<QWidget*>(watched);
-    return widget != nullptr && widget == QApplication::focusWidget() && widget->window() == &form1_ &&
-           QApplication::activePopupWidget() == nullptr;
+    return widget != nullptr && widget == QApplication::focusWidget() &&
+           widget->window() == controls_.window && QApplication::activePopupWidget() == nullptr;
 }
 
 bool Keyboard::eventFilter(QObject* watched, QEvent* event)
@@ -46,17 +42,36 @@ bool Keyboard::eventFilter(QObject* watched, QEvent* event)
             return key(keyEvent, *static_cast<QWidget*>(watched));
         }
         if (pageOf(keyEvent) > 0) {
-            event->accept();  // a page letter with Alt opens its page before it opens a menu
+            event->accept();  // the key is handled when it is pressed
             return true;
+        }
+        if (meansPhrase(keyEvent, *static_cast<QWidget*>(watched))) {
+            return true;  // the field does not claim the key, so that it triggers its menu item
         }
     }
     return QObject::eventFilter(watched, event);
 }
 
-/// The page that Alt and a letter stand for; 0 for none.
+/// Whether an editing key that is pressed in the field "Trova segno" acts on the phrase. The toolkit's field
+/// claims these keys even when it is empty.
+bool Keyboard::meansPhrase(QKeyEvent& event, const QWidget& focus) const
+{
+    if (&focus != controls_.find->field()) {
+        return false;
+    }
+    const bool empty = controls_.find->field()->text().isEmpty();
+    if (event.matches(QKeySequence::Paste)) {
+        return isMeantForPhrase(typed(QApplication::clipboard()->text()), empty);
+    }
+    return empty && (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::Undo) ||
+                     event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete);
+}
+
+/// The page that Alt, Shift and a letter stand for; 0 for none.
 int Keyboard::pageOf(const QKeyEvent& event)
 {
-    if (event.modifiers() != Qt::AltModifier || event.key() < Qt::Key_A || event.key() > Qt::Key_Z) {
+    if (event.modifiers() != (Qt::AltModifier | Qt::ShiftModifier) || event.key() < Qt::Key_A ||
+        event.key() > Qt::Key_Z) {
         return 0;
     }
     const auto page = kCategories.find(static_cast<char>('a' + event.key() - Qt::Key_A));
@@ -65,8 +80,7 @@ int Keyboard::pageOf(const QKeyEvent& event)
 
 void Keyboard::turnTo(int page)
 {
-    auto* const scroll = form1_.findChild<QScrollBar*>(QStringLiteral("HScroll1"));
-    scroll->setValue(std::clamp(page, scroll->minimum(), scroll->maximum()));
+    controls_.pages->setValue(std::clamp(page, controls_.pages->minimum(), controls_.pages->maximum()));
 }
 
 bool Keyboard::key(QKeyEvent& event, QWidget& focus)
@@ -74,25 +88,22 @@ bool Keyboard::key(QKeyEvent& event, QWidget& focus)
     if (anywhere(event)) {
         return true;
     }
-    if (qobject_cast<QLineEdit*>(&focus) != nullptr) {
-        return false;
-    }
-    if (event.modifiers() == Qt::ControlModifier) {
-        return withControl(event.key());
-    }
     if (event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) {
         return false;
+    }
+    if (qobject_cast<QLineEdit*>(&focus) != nullptr) {
+        return meansPhrase(event, focus) && edits(event.key(), focus);
     }
     return moves(event.key(), focus) || edits(event.key(), focus) || finds(event.text());
 }
 
-/// Who just types means a sign: the letter goes where signs are found.
+/// A letter or digit typed on the palette or the display begins the search for a sign.
 bool Keyboard::finds(const QString& typed)
 {
     if (typed.isEmpty() || !typed[0].isLetterOrNumber()) {
         return false;
     }
-    find_.start(typed);
+    controls_.find->start(typed);
     return true;
 }
 
@@ -103,29 +114,25 @@ bool Keyboard::anywhere(QKeyEvent& event)
         return true;
     }
     if (event.modifiers() == Qt::NoModifier && event.key() == Qt::Key_F10) {
-        form1_.menuBar()->setActiveAction(form1_.menuBar()->actions().first());
-        return true;
-    }
-    if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_F) {
-        find_.start();
+        QMenuBar& menus = *controls_.window->menuBar();
+        menus.setActiveAction(menus.actions().first());
         return true;
     }
     return false;
 }
 
-bool Keyboard::withControl(int key)
+/// The toolkit's horizontal scroll bar goes back with Right and on with Left.
+bool Keyboard::turnsWithArrow(int key)
 {
-    Session& session = desktop_.session();
+    const int page = desktop_.session().palette().CurrentPage();
     switch (key) {
-        case Qt::Key_C:
-            if (!session.display().DisplayCodes().empty()) {
-                copyPhrase(session.display().DisplayCodes());
-            }
+        case Qt::Key_Left:
+        case Qt::Key_Up:
+            turnTo(page - 1);
             return true;
-        case Qt::Key_V:
-            desktop_.handle([&] {
-                pastePhrase(session.palette(), session.ui(), utf8(QApplication::clipboard()->text()));
-            });
+        case Qt::Key_Right:
+        case Qt::Key_Down:
+            turnTo(page + 1);
             return true;
         default:
             return false;
@@ -138,11 +145,14 @@ bool Keyboard::moves(int key, QWidget& focus)
         turnTo(desktop_.session().palette().CurrentPage() + (key == Qt::Key_PageUp ? -1 : 1));
         return true;
     }
+    if (&focus == controls_.pages) {
+        return turnsWithArrow(key);
+    }
     DisplayLine& display = desktop_.session().display();
-    if (key == Qt::Key_Left && focus.objectName() == element("Vendol", 0)) {
+    if (key == Qt::Key_Left && &focus == controls_.firstCell) {
         desktop_.handle([&] { display.cursorLeft(); });
     }
-    if (key == Qt::Key_Right && focus.objectName() == element("Vendol", DisplayLine::kCells - 1)) {
+    if (key == Qt::Key_Right && &focus == controls_.lastCell) {
         desktop_.handle([&] { display.cursorRight(); });
     }
     auto* const grid = qobject_cast<SquareGrid*>(focus.parentWidget());

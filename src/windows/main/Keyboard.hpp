@@ -3,21 +3,31 @@
 #include <QObject>
 
 class QKeyEvent;
+class QMainWindow;
+class QScrollBar;
 class QWidget;
 
 namespace karvel {
 
 class Desktop;
 class FindSign;
-class Form1;
 
-/// Everything that the main window does without a mouse. Keys typed into a text field stay with the field.
+/// What the keys do in the main window. A text field that has the focus gets its keys itself.
 class Keyboard : public QObject {
     Q_OBJECT
 
   public:
-    /// Watches the keys of `form1`; all three must outlive it.
-    Keyboard(Desktop& desktop, Form1& form1, FindSign& find);
+    /// What the keys act on. Nothing here is null, and all of it outlives the keyboard.
+    struct Controls {
+        QMainWindow* window;
+        QScrollBar* pages;
+        QWidget* firstCell;  ///< of the display line
+        QWidget* lastCell;
+        FindSign* find;
+    };
+
+    /// Watches the keys of the window; `desktop` must outlive the keyboard.
+    Keyboard(Desktop& desktop, const Controls& controls);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -26,7 +36,8 @@ class Keyboard : public QObject {
     [[nodiscard]] bool concerns(QObject* watched) const;
     bool key(QKeyEvent& event, QWidget& focus);
     bool anywhere(QKeyEvent& event);
-    bool withControl(int key);
+    [[nodiscard]] bool meansPhrase(QKeyEvent& event, const QWidget& focus) const;
+    bool turnsWithArrow(int key);
     bool moves(int key, QWidget& focus);
     bool edits(int key, QWidget& focus);
     bool finds(const QString& typed);
@@ -34,8 +45,7 @@ class Keyboard : public QObject {
     [[nodiscard]] static int pageOf(const QKeyEvent& event);
 
     Desktop& desktop_;
-    Form1& form1_;
-    FindSign& find_;
+    Controls controls_;
 };
 
 }  // namespace karvel

@@ -5,7 +5,7 @@
 
 namespace karvel {
 
-/// The box for a page letter: tells of every key, and of Enter first.
+/// The field for a page letter. It signals every key; for Enter `enterPressed` comes first.
 class PageBox : public QLineEdit {
     Q_OBJECT
 

@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t kMostPixels = std::size_t{1} << 22;
 constexpr int kNoColour = -1;
 
-/// Goes through the file; once it has been asked for more than there is, it only gives zeros.
+/// Reads the file from front to back. Behind its end it returns zeros and sets `overrun`.
 class Bytes {
   public:
     explicit Bytes(std::string_view rest) : rest_(rest) {}
@@ -42,7 +42,7 @@ class Bytes {
         return low | byte() << 8;
     }
 
-    /// A chain of blocks, each after its length, up to the empty one.
+    /// The joined content of data blocks: each has its length first, and an empty one ends them.
     std::string chain()
     {
         std::string joined;
@@ -57,7 +57,7 @@ class Bytes {
     bool overrun_ = false;
 };
 
-/// Codes of growing width, the lowest bits first.
+/// Reads codes of a growing number of bits, the lowest bits first.
 class Codes {
   public:
     explicit Codes(std::string_view data) : data_(data) {}
@@ -87,13 +87,13 @@ class Codes {
     unsigned held_ = 0;
 };
 
-/// Fills `pixels` with what the codes stand for. False when that is more or less than they hold, a colour
-/// from `colours` on, or a code that has no meaning yet.
+/// Decodes `data` into `pixels` (LZW). False when the result has more or fewer pixels, a colour number not
+/// below `colours`, or a code that is not defined yet.
 bool unpack(std::string_view data, unsigned codeSize, std::size_t colours, std::vector<unsigned char>& pixels)
 {
     constexpr unsigned kLargestWidth = 12;
     constexpr unsigned kMostCodes = 1U << kLargestWidth;
-    // What a code stands for has been written before: the dictionary says where and how long it is.
+    // A code stands for pixels that were written before: for each code, where they begin and how many.
     struct Run {
         std::size_t start;
         std::size_t length;
@@ -113,7 +113,7 @@ bool unpack(std::string_view data, unsigned codeSize, std::size_t colours, std::
             before = {0, 0};
             continue;
         }
-        // The run before and one pixel more: the first of what comes now, even if that is this very run.
+        // A new code: the previous run and the pixel behind it, which this code is about to write.
         const bool added = before.length > 0 && free < kMostCodes;
         if (added) {
             runs[free++] = {before.start, before.length + 1};
@@ -130,7 +130,7 @@ bool unpack(std::string_view data, unsigned codeSize, std::size_t colours, std::
             pixels[written] = static_cast<unsigned char>(code);
         } else {
             for (std::size_t i = 0; i < run.length; ++i) {
-                pixels[written + i] = pixels[run.start + i];  // may run into itself, hence one after another
+                pixels[written + i] = pixels[run.start + i];  // the two ranges may overlap
             }
         }
         before = {written, run.length};
@@ -142,8 +142,8 @@ bool unpack(std::string_view data, unsigned codeSize, std::size_t colours, std::
     return written == pixels.size() && codes.exhausted();
 }
 
-/// An interlaced picture has every eighth row first, then the rows in the middle of the gaps, again and
-/// again.
+/// The rows of an interlaced picture in their order. It is stored in four passes; each fills the middle of
+/// the gaps that the passes before have left.
 std::vector<unsigned char> inOrder(const std::vector<unsigned char>& interlaced, std::size_t width)
 {
     struct Pass {
@@ -172,8 +172,8 @@ std::vector<std::uint32_t> readPalette(Bytes& bytes, unsigned flags)
     return colours;
 }
 
-/// What stands before the picture. The number of the transparent colour, `kNoColour` for none; nothing when
-/// no picture follows.
+/// Reads the extension blocks before the picture. Returns the number of the transparent colour, `kNoColour`
+/// for none; nothing when no picture follows.
 std::optional<int> readExtensions(Bytes& bytes)
 {
     constexpr unsigned kExtension = 0x21;
@@ -209,7 +209,7 @@ std::optional<GifImage> readGif(std::string_view file)
     image.width = bytes.word();
     image.height = bytes.word();
     const unsigned flags = bytes.byte();
-    bytes.take(2);  // the background, which the picture covers, and the shape of a pixel
+    bytes.take(2);  // background colour and pixel shape: the picture covers all, pixels are square
     const std::size_t area = image.width * image.height;
     if ((flags & kPalette) == 0 || area == 0 || area > kMostPixels) {
         return std::nullopt;

@@ -8,8 +8,8 @@
 
 namespace karvel {
 
-/// Signs in lines that wrap, each with its code beneath; as large as the room given allows without
-/// scrolling, within limits.
+/// Signs in lines that wrap, each with its code beneath. Within limits they are as large as the view allows
+/// without scrolling.
 class MagnifiedPhrase : public QWidget {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ class MagnifiedPhrase : public QWidget {
     void setSigns(std::vector<Sign> signs);
     [[nodiscard]] const std::vector<Sign>& signs() const { return signs_; }
 
-    /// Arranges the signs for a view of this size and takes the size that they need.
+    /// Arranges the signs for a view of this size and resizes itself to what they need.
     void fit(QSize view);
 
   protected:

@@ -7,7 +7,7 @@ namespace karvel {
 
 class Desktop;
 
-/// A line of signs that only shows: as large as the height allows, smaller when the line is long.
+/// Shows a line of signs: as large as the height allows, smaller when the line is long.
 class PhraseStrip : public QWidget {
     Q_OBJECT
 

@@ -2,8 +2,6 @@
 
 #include <QPainter>
 #include <algorithm>
-#include <optional>
-#include <unordered_map>
 #include <utility>
 
 #include "base/SignCode.hpp"
@@ -14,9 +12,9 @@ namespace karvel {
 
 namespace {
 
-constexpr qsizetype kPageKilobytes = 8 * 1024;    // decoded: a page of any form, until it has been scaled
-constexpr qsizetype kDecodedKilobytes = 256;      // afterwards: what the display line shows
-constexpr qsizetype kScaledKilobytes = 8 * 1024;  // every page at the size of a usual screen
+constexpr qsizetype kPageKilobytes = 8 * 1024;    // decoded images at the start: one page
+constexpr qsizetype kDecodedKilobytes = 256;      // decoded images later: those of the display line
+constexpr qsizetype kScaledKilobytes = 8 * 1024;  // scaled images: all pages, at a usual screen's resolution
 constexpr qsizetype kMostKilobytes = 40 * 1024;
 
 qsizetype kilobytes(qsizetype bytes)
@@ -24,7 +22,7 @@ qsizetype kilobytes(qsizetype bytes)
     return bytes / 1024 + 1;
 }
 
-/// What a scaled sign takes once its rim is cut off: a little more than half of its square.
+/// The memory of a scaled sign without its transparent margin: a little more than half of its square.
 qsizetype expectedBytes(int pixels)
 {
     return qsizetype(4) * pixels * pixels * 6 / 10;
@@ -97,10 +95,7 @@ QImage PictureStore::decoded(const std::string& systemPath)
     if (const QImage* const known = images_.object(name)) {
         return *known;
     }
-    QImage image = decodedAhead_ ? decodedAhead_->take(systemPath).value_or(QImage()) : QImage();
-    if (image.isNull()) {
-        image = decodedImage(drives_, systemPath);
-    }
+    const QImage image = decodedImage(drives_, systemPath);
     if (!image.isNull()) {
         good_.insert(systemPath);
         images_.insert(name, new QImage(image), kilobytes(image.sizeInBytes()));
@@ -128,12 +123,6 @@ const PictureStore::Scaled* PictureStore::find(const std::string& systemPath, in
     if (const Scaled* const known = scaled_.object(key(systemPath, pixels))) {
         return known;
     }
-    if (scaledAhead_ && pixels == pixelsAhead_) {
-        if (const std::optional<Cropped> ready = scaledAhead_->take(systemPath)) {
-            keep(systemPath, pixels, *ready);
-            return scaled_.object(key(systemPath, pixels));
-        }
-    }
     const QImage original = decoded(systemPath);
     if (original.isNull()) {
         return nullptr;
@@ -149,7 +138,7 @@ bool PictureStore::draw(QPainter& painter, const std::string& systemPath, QPoint
     if (picture == nullptr) {
         return false;
     }
-    // Onto whole device pixels: between two of them the picture would be blurred.
+    // At whole device pixels: between two of them the picture would be blurred.
     const QPointF corner = centre * ratio - QPointF(picture->whole.width(), picture->whole.height()) / 2;
     const QPointF whole = QPointF(corner.toPoint() + picture->corner) / ratio;
     painter.drawPixmap(QRectF(whole, QSizeF(picture->pixmap.size()) / ratio), picture->pixmap,
@@ -170,26 +159,7 @@ QPixmap PictureStore::scaled(const std::string& systemPath, int side, qreal rati
     return whole;
 }
 
-void PictureStore::scaleAhead(const std::vector<std::string>& systemPaths, int side, qreal ratio)
-{
-    std::vector<std::string> names;
-    std::unordered_map<std::string, QImage> images;
-    for (const std::string& path : systemPaths) {
-        if (const QImage* const image = images_.object(qtext(path))) {
-            names.push_back(path);
-            images.emplace(path, *image);
-        }
-    }
-    pixelsAhead_ = qRound(side * ratio);
-    if (pixelsAhead_ > 0) {
-        scaledAhead_ = std::make_unique<Ahead<Cropped>>(
-            std::move(names), [images = std::move(images), pixels = pixelsAhead_](const std::string& path) {
-                return scale(images.at(path), pixels);
-            });
-    }
-}
-
-/// On a screen with many pixels a picture is larger, and so is what the other windows' pictures may take.
+/// At a high resolution the pictures are larger, so the cache may grow with them.
 void PictureStore::makeRoomFor(int pixels)
 {
     const qsizetype allPages = qsizetype(kPages * kKeys) * kilobytes(expectedBytes(pixels));
@@ -205,12 +175,10 @@ void PictureStore::prepare(const std::vector<std::string>& systemPaths, int side
     }
     makeRoomFor(pixels);
     images_.setMaxCost(kDecodedKilobytes);
-    decodedAhead_.reset();
-    scaledAhead_.reset();
     qsizetype room = scaled_.maxCost() * 9 / 10;
     std::vector<std::string> wanted;
     for (const std::string& path : systemPaths) {
-        const Scaled* const known = scaled_.object(key(path, pixels));  // and it counts as used just now
+        const Scaled* const known = scaled_.object(key(path, pixels));  // this also marks it as used
         room -= known != nullptr ? kilobytes(qsizetype(4) * known->pixmap.width() * known->pixmap.height())
                                  : kilobytes(expectedBytes(pixels));
         if (room < 0) {

@@ -7,7 +7,6 @@
 #include <QString>
 #include <QThreadPool>
 #include <atomic>
-#include <memory>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -15,7 +14,6 @@
 
 #include "base/Pictures.hpp"
 #include "files/Drives.hpp"
-#include "windows/signs/Ahead.hpp"
 
 class QPainter;
 
@@ -29,10 +27,7 @@ class PictureStore : public Pictures {
     PictureStore(const PictureStore&) = delete;
     PictureStore& operator=(const PictureStore&) = delete;
 
-    /// Takes what has been decoded here, instead of decoding it. A null image is the store's to decode.
-    void use(std::unique_ptr<Ahead<QImage>> ahead) { decodedAhead_ = std::move(ahead); }
-
-    /// Decodes an image once; a sign that was good stays good, whatever happens to its file.
+    /// Decodes an image once. An image that was loaded stays loadable, whatever happens to its file.
     bool canLoad(const std::string& systemPath) override;
 
     /// The image as it is in the file; null when it cannot be loaded.
@@ -46,22 +41,19 @@ class PictureStore : public Pictures {
     /// null when it cannot be loaded.
     [[nodiscard]] QPixmap scaled(const std::string& systemPath, int side, qreal ratio);
 
-    /// Scales in the background, the first ones first, what will soon be drawn at this size, as far as there
-    /// is room; an earlier call's remainder is given up. An image that cannot be loaded is passed over.
+    /// Scales images in the background, in this order, until the cache is full: they will soon be drawn at
+    /// this size. A new call stops the work of an earlier one. An image that cannot be loaded is left out.
     void prepare(const std::vector<std::string>& systemPaths, int side, qreal ratio);
 
-    /// Begins to scale, on another thread, what is about to be drawn at this size, the first ones first.
-    void scaleAhead(const std::vector<std::string>& systemPaths, int side, qreal ratio);
-
-    /// The scaled pictures that are kept now.
+    /// The number of scaled pictures in the cache.
     [[nodiscard]] qsizetype kept() const { return scaled_.count(); }
 
   private:
-    /// A scaled image without its transparent rim, which is half of a sign's square.
+    /// A scaled image without its transparent margin, which is half of a sign's square.
     struct Scaled {
         QPixmap pixmap;
         QPoint corner;  ///< of `pixmap` in the whole picture, in device pixels
-        QSize whole;    ///< of the picture with its rim
+        QSize whole;    ///< of the picture with its margin
     };
     struct Cropped;
 
@@ -76,11 +68,8 @@ class PictureStore : public Pictures {
     QCache<QString, QImage> images_;
     QCache<QString, Scaled> scaled_;
     std::unordered_set<std::string> good_;
-    std::unique_ptr<Ahead<QImage>> decodedAhead_;  ///< neither is left once the first window stands
-    std::unique_ptr<Ahead<Cropped>> scaledAhead_;
-    int pixelsAhead_ = 0;              ///< for which they are scaled
-    std::atomic<unsigned> round_ = 0;  ///< of preparing; an older one gives up
-    QObject receiver_;  ///< results of the background arrive through it, on the thread of the windows
+    std::atomic<unsigned> round_ = 0;  ///< the number of `prepare` calls; the work of an older one stops
+    QObject receiver_;                 ///< receives the results of the background thread on the main thread
     QThreadPool background_;
 };
 

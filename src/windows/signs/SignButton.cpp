@@ -15,7 +15,7 @@ namespace karvel {
 
 namespace {
 
-/// The empty key. All keys of a grid share it: smooth corners are the slowest part of a page's picture.
+/// An empty key, cached: all keys of a grid are alike, and drawing its smooth corners is slow.
 QPixmap keyFace(QSize size, qreal ratio, const QColor& face, const QColor& outline)
 {
     const QString key = QStringLiteral("tasto|%1|%2|%3|%4|%5")

@@ -17,14 +17,14 @@ class SignButton : public QAbstractButton {
     explicit SignButton(PictureStore& pictures, QWidget* parent = nullptr);
 
     /// Shows the image at `systemPath`; empty for none. `code` names the sign in the tooltip and to
-    /// assistive technology; without an image that can be shown it stands on the key where `codeAsText` says
-    /// so.
+    /// assistive technology. With `codeAsText` the code is drawn when the image cannot be shown.
+    ///
     void setSign(const std::string& systemPath, const std::string& code, bool codeAsText = false);
 
     [[nodiscard]] const std::string& picturePath() const { return path_; }
     [[nodiscard]] const std::string& code() const { return code_; }
 
-    /// How large the sign is drawn, in logical pixels.
+    /// The side of the square in which the sign is drawn, in logical pixels.
     [[nodiscard]] int pictureSide() const { return std::min(width(), height()) - 8; }
 
     [[nodiscard]] QSize sizeHint() const override { return {56, 56}; }

@@ -35,11 +35,15 @@ void SignCell::paintEvent(QPaintEvent* /*event*/)
     const QColor ink = inkOn(surface);
     const QRectF area = QRectF(rect());
     painter.fillRect(rect(), surface);
-    // A faint ground line tells where a sign may stand.
+    // A faint line at the bottom shows where a sign can stand.
     painter.setPen(QPen(outlineOn(surface, 0.25), 1));
     painter.drawLine(QPointF(6, height() - 3.5), QPointF(width() - 6, height() - 3.5));
     if (!cell_.blank()) {
-        pictures_.draw(painter, cell_.path, area.center(), std::min(width(), height()) - 10);
+        constexpr int kMargin = 10;           // logical pixels around the sign
+        constexpr qreal kNotOfPhrase = 0.55;  // opacity of a sign that only shows a result
+        painter.setOpacity(cell_.offset < 0 ? kNotOfPhrase : 1);
+        pictures_.draw(painter, cell_.path, area.center(), std::min(width(), height()) - kMargin);
+        painter.setOpacity(1);
     }
     if (cell_.border) {
         painter.setPen(QPen(ink, 1));

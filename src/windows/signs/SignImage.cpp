@@ -15,10 +15,10 @@ namespace karvel {
 
 namespace {
 
-constexpr int kLargestSide = 8192;  // pixels; a picture beyond that is a mistake, and would eat the memory
-constexpr std::size_t kLargestUsual = std::size_t{64} * 1024;  // bytes of a file; a sign has three thousand
+constexpr int kLargestSide = 8192;  // pixels; a larger image would take too much memory
+constexpr std::size_t kLargestSignFile = std::size_t{64} * 1024;  // bytes; a usual sign has three thousand
 
-/// With a byte for a pixel: a quarter of what the screen needs, for as long as it is not drawn.
+/// The image with one byte for each pixel: a quarter of the memory that the screen's form takes.
 QImage imageOf(const GifImage& gif)
 {
     QImage image(static_cast<int>(gif.width), static_cast<int>(gif.height), QImage::Format_Indexed8);
@@ -29,11 +29,12 @@ QImage imageOf(const GifImage& gif)
     return image;
 }
 
-/// Throws RuntimeError when the file cannot be read.
-QImage usualImageAt(const std::filesystem::path& host)
+/// Reads a sign with the program's own reader; null for an image of any other form. Throws RuntimeError when
+/// the file cannot be read.
+QImage signAt(const std::filesystem::path& host)
 {
     HostFile file(host, HostFile::Mode::Read);
-    if (file.size() > kLargestUsual) {
+    if (file.size() > kLargestSignFile) {
         return {};
     }
     std::vector<char> bytes(static_cast<std::size_t>(file.size()));
@@ -42,10 +43,11 @@ QImage usualImageAt(const std::filesystem::path& host)
     return gif ? imageOf(*gif) : QImage();
 }
 
+/// Reads an image with the toolkit.
 QImage anyImageAt(const std::filesystem::path& host)
 {
     QFile file(qtext(utf8Path(host)));
-    // Sequential devices would be waited for.
+    // Reading a sequential device (a pipe) could wait for ever.
     if (!file.open(QIODevice::ReadOnly) || file.isSequential()) {
         return {};
     }
@@ -64,17 +66,8 @@ QImage decodedImage(const Drives& drives, const std::string& systemPath)
 {
     try {
         const std::filesystem::path host = drives.toHost(systemPath);
-        const QImage usual = usualImageAt(host);
-        return usual.isNull() ? anyImageAt(host) : usual;
-    } catch (const RuntimeError&) {
-        return {};
-    }
-}
-
-QImage usualImage(const Drives& drives, const std::string& systemPath)
-{
-    try {
-        return usualImageAt(drives.toHost(systemPath));
+        const QImage sign = signAt(host);
+        return sign.isNull() ? anyImageAt(host) : sign;
     } catch (const RuntimeError&) {
         return {};
     }

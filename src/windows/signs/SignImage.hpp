@@ -7,11 +7,8 @@
 
 namespace karvel {
 
-/// Reads the image at `systemPath`; null when it cannot be loaded. Any thread may call it once the
-/// application object stands.
+/// Reads the image at `systemPath`, in any form that the toolkit reads; null when it cannot be loaded. Any
+/// thread may call it.
 [[nodiscard]] QImage decodedImage(const Drives& drives, const std::string& systemPath);
-
-/// The same for an image of the usual form, which needs no application object; null for any other.
-[[nodiscard]] QImage usualImage(const Drives& drives, const std::string& systemPath);
 
 }  // namespace karvel

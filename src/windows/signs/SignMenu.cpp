@@ -51,15 +51,27 @@ SignMenu::SignMenu(Desktop& desktop, WindowSet& windows) : desktop_(desktop), wi
 bool SignMenu::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::ContextMenu) {
-        if (const std::string code = codeOf(watched); isSignCode(code)) {
-            popUp(code, static_cast<QContextMenuEvent*>(event)->globalPos());
+        auto* const sign = qobject_cast<QWidget*>(watched);
+        const std::string code = codeOf(watched);
+        if (isSignCode(code) && sign->contextMenuPolicy() != Qt::PreventContextMenu) {
+            popUp(*sign, code, static_cast<QContextMenuEvent*>(event)->globalPos());
             return true;
         }
     }
     return QObject::eventFilter(watched, event);
 }
 
-void SignMenu::popUp(const std::string& code, const QPoint& at)
+/// Does what a left click on the sign does; for a cell of the display, what the sign's palette key does.
+void SignMenu::insert(QWidget& sign, const std::string& code)
+{
+    if (auto* const key = qobject_cast<SignButton*>(&sign)) {
+        key->click();
+    } else {
+        desktop_.handle([&] { desktop_.session().palette().pressCode(code); });
+    }
+}
+
+void SignMenu::popUp(QWidget& sign, const std::string& code, const QPoint& at)
 {
     auto* const menu = new QMenu(QApplication::activeWindow());
     menu->setObjectName(QStringLiteral("signMenu"));
@@ -67,13 +79,12 @@ void SignMenu::popUp(const std::string& code, const QPoint& at)
     const QString caption = qtext(signCaption(code));
     menu->addSection(caption);
     menu->setMinimumWidth(menu->fontMetrics().horizontalAdvance(caption) +
-                          40);  // a section makes no room for itself
-    QAction* const insert = menu->addAction(QStringLiteral("&Inserisci"));
+                          40);  // a section does not widen its menu
+    QAction* const insertItem = menu->addAction(QStringLiteral("&Inserisci"));
     QAction* const copy = menu->addAction(QStringLiteral("&Copia"));
     QAction* const usedIn = menu->addAction(QStringLiteral("&Usato in ..."));
     copy->setEnabled(SignRepertoire::standard().byCode(code) != nullptr);
-    connect(insert, &QAction::triggered, this,
-            [this, code] { desktop_.handle([&] { desktop_.session().palette().pressCode(code); }); });
+    connect(insertItem, &QAction::triggered, &sign, [this, &sign, code] { insert(sign, code); });
     connect(copy, &QAction::triggered, this, [code] { copyPhrase(code); });
     connect(usedIn, &QAction::triggered, this, [this, code] { windows_.open<UsedIn>().show(code); });
     menu->popup(at);

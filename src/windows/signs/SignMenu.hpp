@@ -4,12 +4,15 @@
 #include <QPoint>
 #include <string>
 
+class QWidget;
+
 namespace karvel {
 
 class Desktop;
 class WindowSet;
 
-/// The menu of a right click on any sign, in every window: insert, copy, "Usato in ...".
+/// The menu of a right click on a sign, in every window: insert, copy, "Usato in ...". A sign whose context
+/// menu policy is Qt::PreventContextMenu has none.
 class SignMenu : public QObject {
     Q_OBJECT
 
@@ -21,7 +24,8 @@ class SignMenu : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void popUp(const std::string& code, const QPoint& at);
+    void popUp(QWidget& sign, const std::string& code, const QPoint& at);
+    void insert(QWidget& sign, const std::string& code);
 
     Desktop& desktop_;
     WindowSet& windows_;

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScrollArea>
 #include <algorithm>
 
 #include "base/SignRepertoire.hpp"
@@ -159,7 +160,7 @@ QFont SignSheet::footerFont() const
     return made;
 }
 
-/// Paper, a double rule around it, title and footer.
+/// Draws the background, the double frame, the title and the footer.
 void SignSheet::drawFrame(QPainter& painter, const QRectF& area) const
 {
     painter.fillRect(area, kPaper);
@@ -233,6 +234,16 @@ void SignSheet::printOn(QPrinter& printer) const
     if (!painter.end() || printer.printerState() == QPrinter::Error) {
         throw RuntimeError(ErrorNumber::DeviceIo);
     }
+}
+
+QWidget* scrolling(SignSheet* sheet)
+{
+    auto* const area = new QScrollArea(sheet->parentWidget());
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(sheet);
+    area->setFocusPolicy(Qt::NoFocus);
+    return area;
 }
 
 }  // namespace karvel

@@ -13,12 +13,12 @@ namespace karvel {
 
 class Desktop;
 
-/// A sign on a sheet, with what it stands for below it. Pressing it may mean something to the window.
+/// A sign on a sheet, with its meaning below it. A window may connect an action to its click.
 class SheetSign : public QAbstractButton {
     Q_OBJECT
 
   public:
-    /// `meaning` stands large below the sign, `name` small below that; `desktop` must outlive the sign.
+    /// `meaning` is drawn large below the sign, `name` small below that; `desktop` must outlive the sign.
     SheetSign(Desktop& desktop, std::string code, const QString& meaning, const QString& name,
               QWidget* parent);
 
@@ -53,16 +53,16 @@ class SignSheet : public QFrame {
     /// Adds a sign behind the others; its object name is `sign(INDEX)`.
     SheetSign* add(const std::string& code, const QString& meaning, const QString& name);
 
-    /// Whether a sign can be pressed; one that cannot is passed over by the keyboard.
+    /// Whether the signs can be pressed; otherwise the keyboard skips them.
     void setPressable(bool pressable);
 
-    /// Draws the whole sheet into `page`, as large as its shape allows.
+    /// Draws the whole sheet into `page`, as large as it fits.
     void draw(QPainter& painter, const QRectF& page, qreal scale) const;
 
     /// Asks for a printer and prints the sheet on one page. A failure is reported in a box.
     void print();
 
-    /// Prints the sheet on one page. Throws RuntimeError 75 when the file that stands for the paper cannot be
+    /// Prints the sheet on one page. Throws RuntimeError 75 when it is printed to a file that cannot be
     /// written, 57 when the printer fails.
     void printOn(QPrinter& printer) const;
 
@@ -81,5 +81,8 @@ class SignSheet : public QFrame {
     QGridLayout* grid_;
     std::vector<SheetSign*> signs_;
 };
+
+/// A view that shows `sheet` as large as the view is, and scrolls where that is smaller than the sheet needs.
+[[nodiscard]] QWidget* scrolling(SignSheet* sheet);
 
 }  // namespace karvel

@@ -8,7 +8,7 @@ namespace karvel {
 namespace {
 
 constexpr int kGap = 3;  // logical pixels between keys
-constexpr int kSmallestSide = 30;
+constexpr int kSmallestSide = 20;
 constexpr int kUsualSide = 64;
 
 int rowsFor(std::size_t keys, int columns)
@@ -41,7 +41,7 @@ bool SquareGrid::moveFocus(QWidget* from, int key)
     }
     int last = static_cast<int>(keys_.size()) - 1;
     while (last > 0 && keys_[static_cast<std::size_t>(last)]->isHidden()) {
-        --last;  // a card fills its keys from the first one on
+        --last;  // a card with few signs hides its last keys
     }
     int to = static_cast<int>(found - keys_.begin());
     switch (key) {

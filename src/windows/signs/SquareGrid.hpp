@@ -5,18 +5,18 @@
 
 namespace karvel {
 
-/// Lays its keys out in rows of equal squares, as large as the room allows.
+/// Lays its keys out in rows of equal squares, as large as its own size allows.
 class SquareGrid : public QWidget {
     Q_OBJECT
 
   public:
-    /// `rows` fixes the number of rows; 0 takes whatever number gives the largest squares.
+    /// `rows` fixes the number of rows; 0 takes the number that gives the largest squares.
     explicit SquareGrid(int rows, QWidget* parent = nullptr) : QWidget(parent), rows_(rows) {}
 
     /// Appends `key`, which becomes a child of the grid.
     void add(QWidget* key);
 
-    /// Keys in a row as they lie now.
+    /// The number of keys in a row now.
     [[nodiscard]] int columns() const { return columns_; }
 
     /// Moves the focus from `from` to its neighbour in the direction of the arrow key `key`, Home or End;
@@ -26,9 +26,6 @@ class SquareGrid : public QWidget {
     /// No square is drawn larger than this, in logical pixels.
     void setLargestSide(int side) { largestSide_ = side; }
 
-    /// Places the keys for the size that the grid has now. By itself it does so once it is shown.
-    void arrange();
-
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -36,6 +33,8 @@ class SquareGrid : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void arrange();
+
     int rows_;
     int columns_ = 1;
     int largestSide_ = 400;

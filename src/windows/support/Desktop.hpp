@@ -1,15 +1,18 @@
 #pragma once
 
 #include <QObject>
+#include <QRect>
 #include <functional>
 
 #include "app/Session.hpp"
 #include "windows/signs/PictureStore.hpp"
 
+class QWidget;
+
 namespace karvel {
 
-/// What every window stands on: the session, the pictures, and the rule that a handler which fails reports
-/// it in one box and leaves the state as far as it got.
+/// What every window needs: the session, the pictures, and one function that runs handlers. A handler that
+/// fails is reported in one box, and the state stays as the handler left it.
 class Desktop : public QObject {
     Q_OBJECT
 
@@ -20,17 +23,25 @@ class Desktop : public QObject {
     [[nodiscard]] Session& session() { return session_; }
     [[nodiscard]] PictureStore& pictures() { return pictures_; }
 
-    /// Runs a handler. A RuntimeError that it lets out is shown in the default error report. Afterwards all
-    /// windows show the state that is now in force.
+    /// Runs a handler. A RuntimeError that it throws is shown in the default error report. Afterwards all
+    /// windows show the present state.
     void handle(const std::function<void()>& handler);
 
+    /// The display line of the main window; `display` must outlive every tool window.
+    void setDisplay(QWidget& display) { display_ = &display; }
+    /// Where it lies now, on the screen, in logical pixels; empty before `setDisplay`.
+    [[nodiscard]] QRect displayOnScreen() const;
+    /// Gives the keyboard to the display line.
+    void focusDisplay();
+
   signals:
-    /// The session may have changed: every window shows it again.
+    /// The session may have changed; every window shows it again.
     void changed();
 
   private:
     Session& session_;
     PictureStore& pictures_;
+    QWidget* display_ = nullptr;
 };
 
 }  // namespace karvel

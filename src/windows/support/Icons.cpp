@@ -10,7 +10,7 @@ namespace karvel {
 
 namespace {
 
-/// Drawn on a field of 24 x 24 units.
+/// The symbols are drawn in a square with this side.
 constexpr qreal kField = 24;
 
 QPainterPath arrow(qreal tip, qreal back)
@@ -134,7 +134,7 @@ void draw(QPainter& painter, Symbol symbol, const QColor& ink)
     }
 }
 
-/// Draws its symbol at the size and for the screen that it is shown on, and not before.
+/// Draws its symbol only when it is shown, at the size and resolution that it then needs.
 class SymbolEngine : public QIconEngine {
   public:
     SymbolEngine(Symbol symbol, const QColor& ink) : symbol_(symbol), ink_(ink) {}

@@ -20,7 +20,7 @@ enum class Symbol {
     Bin,
 };
 
-/// `symbol` drawn in `ink`, sharp at every size.
+/// The icon of `symbol` in the colour `ink`, sharp at every size.
 [[nodiscard]] QIcon symbolIcon(Symbol symbol, const QColor& ink);
 
 }  // namespace karvel

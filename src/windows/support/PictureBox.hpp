@@ -4,7 +4,7 @@
 
 namespace karvel {
 
-/// A picture of the program's own, as large as its widget allows and sharp on every screen.
+/// Shows a picture of the program at a fixed size, sharp at every resolution.
 class PictureBox : public QWidget {
     Q_OBJECT
 

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "windows/support/Box.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
@@ -70,7 +71,7 @@ void addButtons(QMessageBox& shown, Buttons buttons)
     }
 }
 
-/// What closing a box without an answer means.
+/// The answer when a box is closed without one.
 Button refusalOf(Buttons buttons)
 {
     switch (buttons) {
@@ -83,7 +84,7 @@ Button refusalOf(Buttons buttons)
     }
 }
 
-/// The window that a box belongs to: not the list of a field, which comes and goes.
+/// The parent of a box: the active window, but not an open list of a field.
 QWidget* owner()
 {
     QWidget* window = QApplication::activeWindow();
@@ -113,20 +114,18 @@ Button Prompt::ask(const MessageBox& box)
 {
     endProgress();
     emit aboutToAsk();
-    // Not on the stack: a window that is closed while its box is open takes the box with it.
-    const QPointer<QMessageBox> made = new QMessageBox(owner());
-    QMessageBox& shown = *made;
+    // Not on the stack: when the parent is closed while the box is open, it deletes the box.
+    const QPointer<Box> made = new Box(owner());
+    Box& shown = *made;
     shown.setObjectName(QStringLiteral("MessageBox"));
     shown.setWindowTitle(qtext(box.title));
-    shown.setTextFormat(Qt::PlainText);  // an entry may hold anything, also what looks like markup
-    shown.setText(qtext(box.text).replace(QLatin1Char('\r'), QLatin1Char('\n')));
     shown.setIcon(iconOf(box.icon));
-    shown.setTextInteractionFlags(Qt::TextSelectableByMouse);
     addButtons(shown, box.buttons);
     if (box.defaultButton) {
         shown.setDefaultButton(standardButton(*box.defaultButton));
     }
-    // Wide enough for its title, and no window to be minimized.
+    shown.showText(qtext(box.text));
+    // Wide enough for its title, and without a button to minimize it.
     if (auto* const grid = qobject_cast<QGridLayout*>(shown.layout())) {
         grid->addItem(new QSpacerItem(kNarrowest, 0), grid->rowCount(), 0, 1, grid->columnCount());
     }
@@ -136,7 +135,7 @@ Button Prompt::ask(const MessageBox& box)
     if (box.systemModal) {
         shown.setWindowFlag(Qt::WindowStaysOnTopHint);
     }
-    // A box over a running search shows the arrow, not the hourglass.
+    // Over the box the pointer is the arrow, also while a search is running.
     const int busy = busy_;
     while (busy_ > 0) {
         setBusy(false);
@@ -162,12 +161,12 @@ std::optional<std::string> Prompt::input(const std::string& title, const std::st
     dialog.setOkButtonText(QStringLiteral("OK"));
     dialog.setCancelButtonText(QStringLiteral("Annulla"));
     dialog.resize(kNarrowest, dialog.sizeHint().height());
-    std::optional<std::string> typed;
+    std::optional<std::string> answer;
     if (dialog.exec() == QDialog::Accepted && made) {
-        typed = utf8(made->textValue());
+        answer = typed(made->textValue());
     }
     delete made;
-    return typed;
+    return answer;
 }
 
 void Prompt::beep()
@@ -199,8 +198,8 @@ void Prompt::endProgress()
 
 bool Prompt::continueReading(std::uint64_t done, std::uint64_t total)
 {
-    constexpr qint64 kPatience = 250;  // milliseconds before the user wants to see that something happens
-    constexpr qint64 kStep = 50;
+    constexpr qint64 kPatience = 250;  // milliseconds before the progress is shown
+    constexpr qint64 kStep = 50;       // milliseconds between two reports
     if (done == 0) {
         reading_.start();
         shownAt_ = kPatience;
@@ -210,9 +209,12 @@ bool Prompt::continueReading(std::uint64_t done, std::uint64_t total)
         return true;
     }
     shownAt_ = reading_.elapsed() + kStep;
-    progressShown_ = true;
+    if (!progressShown_) {
+        progressShown_ = true;
+        emit aboutToAsk();
+    }
     emit progress(total == 0 ? 0 : static_cast<int>(std::min<std::uint64_t>(100, done * 100 / total)));
-    // Lets the windows be painted, and Escape be heard, but nothing else be started meanwhile.
+    // The windows are painted, and Escape is noticed; all other input is discarded.
     qApp->installEventFilter(this);
     QApplication::processEvents();
     qApp->removeEventFilter(this);

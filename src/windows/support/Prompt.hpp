@@ -7,7 +7,7 @@
 
 namespace karvel {
 
-/// The core's questions in the toolkit's boxes.
+/// Shows the core's message boxes and questions with the toolkit.
 class Prompt : public QObject, public UserInterface {
     Q_OBJECT
 
@@ -19,9 +19,9 @@ class Prompt : public QObject, public UserInterface {
     bool continueReading(std::uint64_t done, std::uint64_t total) override;
 
   signals:
-    /// A box is about to be shown: whatever changed must be on screen before.
+    /// A box or the progress is about to be shown; the windows show the present state before.
     void aboutToAsk();
-    /// A long reading has come so far, 0 to 100; -1 when it has ended.
+    /// The progress of a long reading, 0 to 100; -1 when it has ended.
     void progress(int percent);
 
   protected:

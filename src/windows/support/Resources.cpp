@@ -2,8 +2,8 @@
 
 #include <QFile>
 
-// Outside every namespace: the toolkit's macro declares a function here. Without it the linker leaves the
-// resources of a static library out.
+// Outside every namespace, because the toolkit's macro declares a function here. Without the macro the linker
+// drops the resources of a static library.
 static void initialise()
 {
     Q_INIT_RESOURCE(resources);

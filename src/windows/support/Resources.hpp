@@ -5,7 +5,7 @@
 
 namespace karvel {
 
-/// Makes what is compiled into the program available. To be called before the first use of ":/".
+/// Registers the files that are compiled into the program. Call it before the first use of ":/".
 void initialiseResources();
 
 /// The pictures of the opening window and of the about box.

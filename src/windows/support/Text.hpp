@@ -17,6 +17,13 @@ inline std::string utf8(const QString& text)
     return text.toStdString();
 }
 
+/// What the user has typed or pasted, as UTF-8 in composed form (NFC): a letter and its accent are one
+/// character, as in the files.
+inline std::string typed(const QString& text)
+{
+    return utf8(text.normalized(QString::NormalizationForm_C));
+}
+
 /// The name of an element of a control array.
 inline QString element(const char* array, std::size_t index)
 {

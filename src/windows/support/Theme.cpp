@@ -22,7 +22,7 @@ bool systemAsksForContrast()
 #else
 bool systemAsksForContrast()
 {
-    return false;  // the palette tells
+    return false;  // the palette alone decides
 }
 #endif
 
@@ -75,7 +75,7 @@ bool strongContrast()
         qint64 palette;
         bool strong;
     };
-    // Every painting asks, and Windows would be asked each time: a new theme comes with a new palette.
+    // Cached, because each paint event asks. A new theme comes with a new palette.
     static std::optional<Answer> last;
     const QPalette system = QApplication::palette();
     if (!last || last->palette != system.cacheKey()) {
@@ -127,7 +127,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
     return metric == PM_MessageBoxIconSize ? kMessageIcon : QProxyStyle::pixelMetric(metric, option, widget);
 }
 
-/// The base style shades its frames from the surface, which leaves none on black.
+/// The base style derives its frames from the surface colour; on black they are invisible.
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const
 {

@@ -20,20 +20,20 @@ namespace karvel {
 /// A colour between `from` and `to`: 0 gives `from`, 1 gives `to`.
 [[nodiscard]] QColor between(const QColor& from, const QColor& to, qreal share);
 
-/// Takes black and white from a desktop theme of strong contrast that the toolkit knows by name only.
+/// Sets a black and white palette for a high-contrast desktop theme, which the toolkit does not do itself.
 void adoptContrastTheme();
 
-/// True when the system shows everything in strong contrast: that goes before the colours of the program.
+/// True when the system asks for high contrast; then the program does not use its own colours.
 [[nodiscard]] bool strongContrast();
 
-/// The colour of a frame on `background`: faint (0) to full (1), and full where the system wants contrast.
+/// The colour of a frame on `background`: `share` is 0 (invisible) to 1; with high contrast it is 1.
 [[nodiscard]] QColor outlineOn(const QColor& background, qreal share);
 
-/// The palette of a window whose surface is `window`: every text on it stays readable. Where the system wants
-/// strong contrast it is the system's own.
+/// The palette of a window with the background `window`; every text on it is readable. With high contrast it
+/// is the system's own palette.
 [[nodiscard]] QPalette paletteFor(const QColor& window);
 
-/// The one look of the program on every system; the native ones would not take the colours that the user
+/// The style of the program on every system. The native styles do not take the colours that the user
 /// chooses.
 class Style : public QProxyStyle {
   public:
@@ -47,12 +47,12 @@ class Style : public QProxyStyle {
                             const QWidget* widget) const override;
 };
 
-/// Draws the frame of the control with the focus, on `background`.
+/// The pen for the frame of the control that has the focus, on `background`.
 [[nodiscard]] QPen focusPen(const QColor& background);
 
-/// What marks the focus and the main action.
+/// The colour of the focus and of the main action.
 inline const QColor kAccent(0, 110, 120);
-/// What marks a sign selected for deletion.
+/// The colour of a selected sign.
 inline const QColor kSelection(255, 140, 0);
 
 }  // namespace karvel

@@ -13,7 +13,20 @@ void WindowSet::openItalian()
 
 void WindowSet::openPicture(const std::string& path, const std::string& name)
 {
-    open<imm1>().showPicture(path, name);
+    imm1* window = opened<imm1>();
+    if (window == nullptr) {
+        window = new imm1(*desktop_, mainWindow_);
+    }
+    window->showPicture(path, name);
+    window->show();
+    window->raise();
+}
+
+void WindowSet::closePicture()
+{
+    if (auto* const picture = opened<imm1>()) {
+        picture->close();
+    }
 }
 
 void WindowSet::raiseMagnifier()

@@ -11,7 +11,7 @@ class Desktop;
 /// Opens the tool windows, each at most once at a time, as children of the main window.
 class WindowSet : public WindowOpener {
   public:
-    /// To be called once, before any window is opened; both must outlive the set's use.
+    /// Call it once, before any window is opened; both must outlive the last use of the set.
     void attach(Desktop& desktop, QWidget& mainWindow)
     {
         desktop_ = &desktop;
@@ -25,8 +25,8 @@ class WindowSet : public WindowOpener {
         return mainWindow_->findChild<Window*>(QString(), Qt::FindDirectChildrenOnly);
     }
 
-    /// Brings the window to the front, made anew when it is closed. Its constructor takes the desktop and
-    /// the parent, and it deletes itself on closing.
+    /// Brings the window to the front; creates it when it is closed. Its constructor takes the desktop and
+    /// the parent, and it deletes itself when it is closed.
     template <typename Window>
     Window& open()
     {
@@ -40,6 +40,7 @@ class WindowSet : public WindowOpener {
 
     void openItalian() override;
     void openPicture(const std::string& path, const std::string& name) override;
+    void closePicture() override;
     void raiseMagnifier() override;
 
   private:

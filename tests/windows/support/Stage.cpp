@@ -1,56 +1,84 @@
 #include "windows/support/Stage.hpp"
 
-#include <QLineEdit>
-#include <QStyleFactory>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QThread>
+#include <map>
 
 #include "app/Installer.hpp"
 #include "base/SignCode.hpp"
+#include "windows/signs/SignCell.hpp"
 
 namespace karvel::testing {
 
+namespace fs = std::filesystem;
+
 namespace {
 
-QMessageBox::Icon iconOf(Icon icon)
+const fs::path kTree = fs::path(KARVEL_SOURCE_DIR) / "data" / "tree";
+
+fs::path imagesOn(const TemporaryDrive& drive)
 {
-    switch (icon) {
-        case Icon::Critical:
-            return QMessageBox::Critical;
-        case Icon::Question:
-            return QMessageBox::Question;
-        case Icon::Exclamation:
-            return QMessageBox::Warning;
-        case Icon::Information:
-            return QMessageBox::Information;
-        case Icon::None:
-            break;
-    }
-    return QMessageBox::NoIcon;
+    return drive.directory() / "programmi" / "Karvel" / "GR";
 }
 
-QMessageBox::StandardButton buttonOf(Button button)
+/// Lays the signs' images out as links to one copy: to copy hundreds of files takes longer than most tests.
+void linkImages(const TemporaryDrive& drive)
 {
-    switch (button) {
-        case Button::Cancel:
-            return QMessageBox::Cancel;
-        case Button::Yes:
-            return QMessageBox::Yes;
-        case Button::No:
-            return QMessageBox::No;
-        case Button::Ok:
-            break;
+    static const TemporaryDrive store;
+    if (!fs::exists(imagesOn(store))) {
+        fs::copy(kTree / "GR", imagesOn(store));
     }
-    return QMessageBox::Ok;
+    fs::create_directory(imagesOn(drive));
+    for (const auto& image : fs::directory_iterator(imagesOn(store))) {
+        fs::create_hard_link(image, imagesOn(drive) / image.path().filename());
+    }
+}
+
+/// What of `shown` is not as `box` says; empty when all is.
+QString difference(const MessageBox& box, const QMessageBox& shown)
+{
+    static const std::map<Icon, QMessageBox::Icon> kIcons{{Icon::None, QMessageBox::NoIcon},
+                                                          {Icon::Critical, QMessageBox::Critical},
+                                                          {Icon::Question, QMessageBox::Question},
+                                                          {Icon::Exclamation, QMessageBox::Warning},
+                                                          {Icon::Information, QMessageBox::Information}};
+    const QString text = qtext(box.text).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    if (shown.windowTitle() != qtext(box.title) || shown.text() != text) {
+        return QStringLiteral("text, expected [%1] %2").arg(qtext(box.title), text);
+    }
+    if (shown.icon() != kIcons.at(box.icon)) {
+        return QStringLiteral("icon");
+    }
+    return shown.buttons().size() == (box.buttons == Buttons::Ok ? 1 : 2) ? QString()
+                                                                          : QStringLiteral("buttons");
+}
+
+QAbstractButton* buttonOf(const QMessageBox& shown, Button button)
+{
+    static const std::map<Button, QMessageBox::StandardButton> kButtons{{Button::Ok, QMessageBox::Ok},
+                                                                        {Button::Cancel, QMessageBox::Cancel},
+                                                                        {Button::Yes, QMessageBox::Yes},
+                                                                        {Button::No, QMessageBox::No}};
+    return shown.button(kButtons.at(button));
 }
 
 }  // namespace
 
+MessageBox foundBox(const std::string& translation)
+{
+    return {.title = "Traduzione",
+            .text = "1) -  " + translation + "\n\n2) -  \n\nNote: ",
+            .buttons = Buttons::OkCancel};
+}
+
 Stage::Stage(const std::string& dictionary)
-    : images_(drive_),
-      pictures_(drive_.files().drives()),
+    : pictures_(drive_.files().drives()),
       session_(drive_.files(), pictures_, prompt_, windows_),
       desktop_(session_, pictures_)
 {
-    installTree(std::filesystem::path(KARVEL_SOURCE_DIR) / "data" / "tree", drive_.files().drives());
+    linkImages(drive_);
+    installTree(kTree, drive_.files().drives());
     drive_.write("C:\\programmi\\Karvel\\dizio.txt", dictionary);
     QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { answerBox(); });
     watch_.start(1);
@@ -59,98 +87,90 @@ Stage::Stage(const std::string& dictionary)
     }
     form1_ = std::make_unique<Form1>(desktop_, windows_);
     windows_.attach(desktop_, *form1_);
-    QObject::connect(&prompt_, &Prompt::aboutToAsk, form1_.get(), &Form1::showState);
+    QObject::connect(&prompt_, &Prompt::aboutToAsk, &desktop_, &Desktop::changed);
     QObject::connect(&prompt_, &Prompt::progress, form1_.get(), &Form1::showProgress);
     form1_->showState();
     form1_->show();
 }
 
-Stage::~Stage() = default;
+Stage::~Stage()
+{
+    if (!noBoxLeft()) {
+        QTest::qFail("a box was missing, wrong or unexpected", __FILE__, __LINE__);
+    }
+}
+
+std::string Stage::cells()
+{
+    std::string codes;
+    for (std::size_t i = 0; i < DisplayLine::kCells; ++i) {
+        codes += control<SignCell>(element("Vendol", i))->cell().code;
+    }
+    return codes;
+}
 
 void Stage::press(const std::string& code)
 {
-    const std::size_t page = kCategories.find(code[0]) + 1;
+    const auto page = static_cast<int>(kCategories.find(code[0])) + 1;
     if (session_.palette().CurrentPage() != page) {
-        auto* const box = control<QLineEdit>("Text1");
-        box->setFocus();
-        box->selectAll();
-        QTest::keyClicks(box, QString(QLatin1Char(code[0])));
-        QTest::keyClick(box, Qt::Key_Return);
+        desktop_.handle([&] { session_.palette().changed(page); });
     }
-    const int key = std::stoi(code.substr(1)) - 1;
-    click(("tasto(" + std::to_string(key) + ")").c_str());
+    click(element("tasto", static_cast<std::size_t>(std::stoi(code.substr(1)) - 1)));
 }
 
-bool Stage::compare(const Step& step, const QMessageBox& shown)
+void Stage::activate()
 {
-    const MessageBox& box = step.box;
-    const QString text = qtext(box.text).replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    bool same =
-        shown.windowTitle() == qtext(box.title) && shown.text() == text && shown.icon() == iconOf(box.icon);
-    const int buttons = box.buttons == Buttons::Ok ? 1 : 2;
-    same = same && shown.buttons().size() == buttons;
-    if (box.defaultButton) {
-        same = same && shown.defaultButton() == shown.button(buttonOf(*box.defaultButton));
+    form1_->activateWindow();
+    if (!QTest::qWaitForWindowActive(form1_.get())) {
+        qFatal("the window cannot be activated");
     }
-    if (!same) {
-        qWarning().noquote() << "expected box [" << qtext(box.title) << "]" << text << "\nbut was shown ["
-                             << shown.windowTitle() << "]" << shown.text() << "icon" << shown.icon();
-    }
-    return same;
-}
-
-void Stage::answerMessage(QMessageBox& shown)
-{
-    if (script_.empty() || script_.front().isInput) {
-        failed_ = true;
-        qWarning().noquote() << "unexpected box [" << shown.windowTitle() << "]" << shown.text();
-        QTest::keyClick(&shown, Qt::Key_Escape);
-        return;
-    }
-    const Step step = script_.front();
-    script_.pop_front();
-    failed_ = !compare(step, shown) || failed_;
-    QAbstractButton* const answer = shown.button(buttonOf(step.answer));
-    if (answer == nullptr) {
-        failed_ = true;
-        qWarning() << "the box has no such button";
-        QTest::keyClick(&shown, Qt::Key_Escape);
-        return;
-    }
-    QTest::mouseClick(answer, Qt::LeftButton);
-}
-
-void Stage::answerInput(QInputDialog& shown)
-{
-    if (script_.empty() || !script_.front().isInput ||
-        shown.windowTitle() != qtext(script_.front().box.title)) {
-        failed_ = true;
-        qWarning() << "unexpected input box" << shown.windowTitle();
-        QTest::keyClick(&shown, Qt::Key_Escape);
-        return;
-    }
-    const Step step = script_.front();
-    script_.pop_front();
-    if (!step.input) {
-        QTest::keyClick(&shown, Qt::Key_Escape);
-        return;
-    }
-    auto* const line = shown.findChild<QLineEdit*>();
-    line->selectAll();
-    QTest::keyClicks(line, qtext(*step.input));
-    QTest::keyClick(line, Qt::Key_Return);
 }
 
 void Stage::answerBox()
 {
-    QWidget* const modal = QApplication::activeModalWidget();
+    QWidget* modal = QApplication::activeModalWidget();
+    if (hand_ && QApplication::activePopupWidget() != nullptr && QThread::currentThread()->loopLevel() > 0) {
+        modal = QApplication::activePopupWidget();  // a menu that something waits for
+    }
     if (modal == nullptr || !modal->isVisible()) {
         return;
     }
-    if (auto* const message = qobject_cast<QMessageBox*>(modal)) {
-        answerMessage(*message);
-    } else if (auto* const input = qobject_cast<QInputDialog*>(modal)) {
-        answerInput(*input);
+    if (hand_) {
+        // From a timer of its own: what the hand does may open another box.
+        QTimer::singleShot(0, modal, [this, modal] { hand_(*modal); });
+        return;
+    }
+    auto* const message = qobject_cast<QMessageBox*>(modal);
+    auto* const input = qobject_cast<QInputDialog*>(modal);
+    if (message == nullptr && input == nullptr) {
+        return;
+    }
+    Step step;
+    QString wrong = QStringLiteral("unexpected box");
+    if (!script_.empty() && script_.front().input.has_value() == (input != nullptr)) {
+        step = script_.front();
+        script_.pop_front();
+        wrong = message != nullptr ? difference(step.box, *message) : QString();
+        if (message != nullptr && step.box.defaultButton &&
+            message->defaultButton() != buttonOf(*message, *step.box.defaultButton)) {
+            wrong = QStringLiteral("default button");
+        }
+        if (input != nullptr && input->windowTitle() != qtext(step.box.title)) {
+            wrong = QStringLiteral("title");
+        }
+    }
+    if (!wrong.isEmpty()) {
+        failed_ = true;
+        qWarning().noquote() << wrong << "\nshown: [" << modal->windowTitle() << "]"
+                             << (message != nullptr ? message->text() : QString());
+    }
+    if (QAbstractButton* const button = message != nullptr ? buttonOf(*message, step.answer) : nullptr) {
+        QTest::mouseClick(button, Qt::LeftButton);
+    } else if (input != nullptr && step.input) {
+        input->setTextValue(qtext(*step.input));
+        QTest::keyClick(input, Qt::Key_Return);
+    } else {
+        QTest::keyClick(modal, Qt::Key_Escape);
     }
 }
 

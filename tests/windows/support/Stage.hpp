@@ -2,13 +2,11 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDialog>
-#include <QInputDialog>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -17,17 +15,35 @@
 #include "windows/main/Form1.hpp"
 #include "windows/signs/PictureStore.hpp"
 #include "windows/support/Desktop.hpp"
-#include "windows/support/LentImages.hpp"
 #include "windows/support/Prompt.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/WindowSet.hpp"
 
 namespace karvel::testing {
 
-/// The main window over an installation of its own, with real boxes answered as a person would.
+/// The box that shows an entry without transliteration and note.
+[[nodiscard]] MessageBox foundBox(const std::string& translation);
+
+/// A control by its name. Ends the program when there is none.
+template <typename Control>
+[[nodiscard]] Control* control(const QObject* window, const QString& name)
+{
+    auto* const found = window->findChild<Control*>(name);
+    if (found == nullptr) {
+        qFatal("no control called %s", qPrintable(name));
+    }
+    return found;
+}
+
+inline void click(const QObject* window, const QString& name)
+{
+    QTest::mouseClick(control<QWidget>(window, name), Qt::LeftButton);
+}
+
+/// The main window over an installation of its own, with real boxes that are answered through their buttons.
 ///
-/// Boxes are answered by pressing their real buttons; what they said is compared with what the test expects.
-/// A box that nobody expected is a failure and is closed with Escape.
+/// Each box is compared with the one that the test expects next. A wrong or unexpected box, or an expected
+/// one that was not shown, makes the test fail when the stage goes.
 class Stage {
   public:
     /// `dictionary` is the content of dizio.txt. The signs' images are those that ship.
@@ -41,53 +57,54 @@ class Stage {
     [[nodiscard]] Desktop& desktop() { return desktop_; }
     [[nodiscard]] WindowSet& windows() { return windows_; }
     [[nodiscard]] const TemporaryDrive& drive() const { return drive_; }
+    [[nodiscard]] const std::string& phrase() { return session_.display().DisplayCodes(); }
+    /// The codes that the twelve cells show.
+    [[nodiscard]] std::string cells();
 
-    /// A control of the main window, by its name. Fails the test when there is none.
     template <typename Control>
-    [[nodiscard]] Control* control(const char* name)
+    [[nodiscard]] Control* control(const QString& name)
     {
-        auto* const found = form1_->findChild<Control*>(QLatin1String(name));
-        if (found == nullptr) {
-            qFatal("no control called %s", name);
-        }
-        return found;
+        return testing::control<Control>(form1_.get(), name);
     }
-
-    void click(const char* name) { QTest::mouseClick(control<QWidget>(name), Qt::LeftButton); }
-    void choose(const char* action) { control<QAction>(action)->trigger(); }
-    /// Turns to the page of `code` by the page box and clicks the key.
+    void click(const QString& name) { testing::click(form1_.get(), name); }
+    void choose(const QString& action) { control<QAction>(action)->trigger(); }
+    /// Chooses `action` and returns the window that it opened, null when there is none.
+    template <typename Window>
+    Window* open(const QString& action)
+    {
+        choose(action);
+        return windows_.opened<Window>();
+    }
+    /// Turns to the page of `code` and clicks the key.
     void press(const std::string& code);
+    /// Makes the main window the active one, as keys need it.
+    void activate();
 
     /// The next box must say this; it is answered by its button `answer`.
     void expect(MessageBox box, Button answer = Button::Ok)
     {
-        script_.push_back({std::move(box), {}, answer});
+        script_.push_back({std::move(box), answer, {}});
     }
-    /// The next box is the input box with this title; `text` is typed, nothing cancels it.
-    void expectInput(std::string title, std::optional<std::string> text)
+    /// The next box must be the input box with this title; `text` is typed.
+    void expectInput(std::string title, std::string text)
     {
-        MessageBox box;
-        box.title = std::move(title);
-        script_.push_back({box, std::move(text), Button::Cancel, true});
+        script_.push_back({{.title = std::move(title), .text = {}}, Button::Ok, std::move(text)});
     }
-    /// True when every expected box was shown.
+    /// True when every expected box was shown, and no other.
     [[nodiscard]] bool noBoxLeft() const { return script_.empty() && !failed_; }
+    /// From now on boxes and dialogs are given to `hand` instead.
+    void answerWith(std::function<void(QWidget&)> hand) { hand_ = std::move(hand); }
 
   private:
     struct Step {
         MessageBox box;
-        std::optional<std::string> input;
         Button answer = Button::Ok;
-        bool isInput = false;
+        std::optional<std::string> input;
     };
 
     void answerBox();
-    void answerMessage(QMessageBox& shown);
-    void answerInput(QInputDialog& shown);
-    bool compare(const Step& step, const QMessageBox& shown);
 
     TemporaryDrive drive_;
-    LentImages images_;
     PictureStore pictures_;
     Prompt prompt_;
     WindowSet windows_;
@@ -95,8 +112,16 @@ class Stage {
     Desktop desktop_;
     std::unique_ptr<Form1> form1_;
     std::deque<Step> script_;
+    std::function<void(QWidget&)> hand_;
     QTimer watch_;
     bool failed_ = false;
 };
 
+/// Makes a class of tests known to the program, which runs one of them: `window_tests NAME`.
+int registerTests(const char* name, std::function<std::unique_ptr<QObject>()> make);
+
 }  // namespace karvel::testing
+
+#define WINDOW_TESTS(Tests)              \
+    static const int registered##Tests = \
+        karvel::testing::registerTests(#Tests, [] { return std::make_unique<Tests>(); });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -7,6 +8,9 @@ namespace karvel {
 
 /// Where the dictionary is.
 inline constexpr std::string_view kDictionaryPath = "C:\\programmi\\Karvel\\dizio.txt";
+
+/// Fields of a record: signs, translation, transliteration, note.
+inline constexpr std::size_t kRecordFields = 4;
 
 /// One record of the dictionary, UTF-8.
 struct DictionaryEntry {

@@ -33,9 +33,9 @@ class HostFile : public ByteSource {
         return count;
     }
     [[nodiscard]] std::uint64_t size() const override;
-    [[nodiscard]] bool anywhere() const override { return true; }
-    std::size_t readAt(std::uint64_t offset, std::span<char> buffer) const override;
-    void moveTo(std::uint64_t offset) override { offset_ = offset; }
+
+    /// Like `read`, but from `offset` bytes from the start; `read` continues where it was.
+    std::size_t readAt(std::uint64_t offset, std::span<char> buffer) const;
 
     /// The byte `offset` bytes from the start. Throws RuntimeError 57 when there is none.
     [[nodiscard]] char byteAt(std::uint64_t offset) const

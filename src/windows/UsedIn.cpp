@@ -72,7 +72,7 @@ void UsedIn::list(const std::string& code)
     };
     try {
         RecordReader reader(openDictionary(session.files(), session.ui()));
-        Lookup lookup(reader, MatchRule(static_cast<std::uint8_t>(Mode::Contains), code));
+        Lookup lookup(reader, MatchRule(Mode::Contains, code));
         while (lookup.next()) {
             entries.push_back(reader.record().decoded());
         }

@@ -64,7 +64,8 @@ class HostFile : public ByteSource {
 #else
     int descriptor_;
 #endif
-    std::uint64_t offset_ = 0;  ///< our own: the system's moves on one of the two whenever anything is read
+    std::uint64_t offset_ =
+        0;  ///< of the next `read`; the system's own offset moves with `readAt` on Windows
 };
 
 /// Puts `from` in the place of `to` in one step. Throws RuntimeError; `to` is then as it was.

@@ -73,7 +73,8 @@ FieldReader::FieldReader(ByteSource& source, std::size_t window)
 {
 }
 
-/// Gets more bytes behind `end_`; false at the end of the source. Moves what is kept to the front.
+/// Reads more bytes behind `end_`; false at the end of the source. Moves the bytes that are still needed to
+/// the front of the window.
 bool FieldReader::more()
 {
     if (keep_ > 0) {
@@ -191,7 +192,7 @@ FieldReader::Slice FieldReader::next()
     return slice;
 }
 
-/// Whatever stands between the closing quote and the delimiter belongs to no field.
+/// Characters between the closing quote and the delimiter belong to no field.
 void FieldReader::endOfQuotedField()
 {
     while (have()) {
@@ -246,7 +247,7 @@ void FieldReader::fields(std::span<std::string_view> fields)
     for (std::size_t i = 0; i < fields.size(); ++i) {
         slices[i] = next();
     }
-    // Only now is the window where it stays: each field read may have moved it.
+    // The views are made last, because reading a field may move the window.
     for (std::size_t i = 0; i < fields.size(); ++i) {
         fields[i] = {buffer_.get() + keep_ + slices[i].begin, slices[i].length};
     }
@@ -259,7 +260,7 @@ std::int64_t FieldReader::wholeNumber(std::int64_t lowest, std::int64_t highest)
         text.remove_prefix(1);
     }
     if (text.find_first_not_of("0123456789+-.eE") != std::string_view::npos) {
-        return 0;  // "inf" and its like are words here, not numbers
+        return 0;  // "inf" and "nan" are words here, not numbers
     }
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);

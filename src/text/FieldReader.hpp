@@ -18,8 +18,8 @@ namespace karvel {
 /// to the next comma or line end, its trailing blanks dropped. A line end is CR LF, LF or CR. An empty line
 /// is one empty field.
 ///
-/// Fields are bytes of the file's code page. Memory is constant: one window of the source, wider only
-/// where a single group of fields is.
+/// Fields are bytes of the file's code page. Memory is constant: one window of the source. The window grows
+/// only when a single group of fields does not fit into it.
 class FieldReader {
   public:
     static constexpr std::size_t kWindow = 256 * 1024;

@@ -124,7 +124,7 @@ bool splitting()
     for (int round = 0; round < kRounds; ++round) {
         plain.push_back(milliseconds([&] {
             RecordReader reader(file.open());
-            Lookup lookup(reader, MatchRule(static_cast<std::uint8_t>(Mode::Equal), phrase));
+            Lookup lookup(reader, MatchRule(Mode::Equal, phrase));
             while (lookup.next()) {
             }
         }));

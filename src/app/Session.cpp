@@ -42,7 +42,7 @@ void Session::search()
         WordSplitter(files_, ui_, *this, last_, translatedWords_).run(phrase);
         return;
     }
-    TranslationLookup(files_, ui_, *this, last_).run(modes_.SearchMode(), phrase);
+    TranslationLookup(files_, ui_, *this, last_).run(modes_.mode(), phrase);
 }
 
 }  // namespace karvel

@@ -4,7 +4,7 @@
 
 namespace karvel {
 
-/// Answers whether the image at a path can be shown. Decoding and scaling are the window layer's.
+/// Answers whether the image at a path can be shown. The window layer decodes and scales.
 class Pictures {
   public:
     virtual ~Pictures() = default;

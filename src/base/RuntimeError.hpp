@@ -27,7 +27,7 @@ enum class ErrorNumber : int {
 /// The one kind of failure that leaves a function of the core.
 class RuntimeError : public std::runtime_error {
   public:
-    /// `furtherLine` is an advice shown below the error's own text, UTF-8; empty when there is none.
+    /// `furtherLine` is advice shown below the error's own text, UTF-8; empty when there is none.
     explicit RuntimeError(ErrorNumber number, std::string furtherLine = {});
 
     [[nodiscard]] ErrorNumber number() const { return number_; }

@@ -122,7 +122,7 @@ std::string signCaption(std::string_view code)
     std::string caption(code);
     const SignInfo* const sign = SignRepertoire::standard().byCode(code);
     if (sign == nullptr) {
-        return caption == "p47" ? caption + " · segno mancante" : caption;
+        return code == kMissingSign ? caption + " · segno mancante" : caption;
     }
     for (const std::string_view part : {sign->gardiner, sign->description}) {
         caption += " · ";

@@ -51,7 +51,7 @@ class SignRepertoire {
     std::vector<SignInfo> signs_;
     std::unordered_map<std::string_view, std::size_t> codes_;
     std::unordered_map<char32_t, std::size_t> characters_;
-    std::unordered_map<std::string, std::size_t> gardiner_;  ///< as written and, below it, in upper case
+    std::unordered_map<std::string, std::size_t> gardiner_;  ///< as written, and also in upper case
 };
 
 /// What a person reads of a sign in one line: "g09 · M23 · carice · sw, nsw · U+131D3". Just the code for an

@@ -8,7 +8,7 @@
 
 namespace karvel {
 
-/// The one door through which the core speaks to the user.
+/// How the core shows messages to the user and asks questions.
 ///
 /// The window layer shows real boxes; a test answers from a script and checks what was asked;
 /// the terminal program prints.
@@ -34,7 +34,7 @@ class UserInterface {
     virtual bool continueReading(std::uint64_t done, std::uint64_t total) = 0;
 };
 
-/// Keeps the hourglass up for a scope.
+/// Shows the hourglass pointer until the end of a scope.
 class BusyPointer {
   public:
     explicit BusyPointer(UserInterface& ui) : ui_(ui) { ui_.setBusy(true); }

@@ -49,7 +49,7 @@ Exit search(const Arguments& given)
         return splitPhrase(files, path.empty() ? kDictionaryPath : std::string_view(path), phrase);
     }
     return printMatches(files, path, [&](RecordReader& reader, const auto& print) {
-        Lookup lookup(reader, MatchRule(static_cast<std::uint8_t>(mode), phrase));
+        Lookup lookup(reader, MatchRule(mode, phrase));
         while (lookup.next()) {
             print();
         }

@@ -59,7 +59,7 @@ bool markMatch(std::string_view signs, std::string_view phrase, Answer& answer)
     return true;
 }
 
-void addMatches(RecordReader& reader, std::uint8_t mode, std::string_view phrase, Answers& answers)
+void addMatches(RecordReader& reader, Mode mode, std::string_view phrase, Answers& answers)
 {
     const std::string_view beforeGap = phrase.substr(0, phrase.find(kMissingSign));
     Lookup lookup(reader, MatchRule(mode, phrase));
@@ -70,7 +70,7 @@ void addMatches(RecordReader& reader, std::uint8_t mode, std::string_view phrase
             // A phrase with a missing sign: the signs before the gap are marked.
             answer.rank.tier = 2;
             answer.marked = beforeGap.size() / kCodeLength;
-        } else if (mode == static_cast<std::uint8_t>(Mode::EndsWith)) {
+        } else if (mode == Mode::EndsWith) {
             answer.markedFrom = signs.size() / kCodeLength - answer.marked;
         }
         answers.add(std::move(answer));

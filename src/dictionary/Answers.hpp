@@ -10,6 +10,7 @@
 
 #include "dictionary/DictionaryEntry.hpp"
 #include "dictionary/RecordReader.hpp"
+#include "dictionary/SearchModes.hpp"
 
 namespace karvel {
 
@@ -86,6 +87,6 @@ class Answers {
 
 /// Adds to `answers` every record of `reader` whose signs satisfy `phrase` in the search mode `mode`, any but
 /// Split, ranked as `markMatch` does. Throws like RecordReader::next; the answers added so far stay.
-void addMatches(RecordReader& reader, std::uint8_t mode, std::string_view phrase, Answers& answers);
+void addMatches(RecordReader& reader, Mode mode, std::string_view phrase, Answers& answers);
 
 }  // namespace karvel

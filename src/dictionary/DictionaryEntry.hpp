@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -7,6 +8,9 @@ namespace karvel {
 
 /// Where the dictionary is.
 inline constexpr std::string_view kDictionaryPath = "C:\\programmi\\Karvel\\dizio.txt";
+
+/// Fields of a record: signs, translation, transliteration, note.
+inline constexpr std::size_t kRecordFields = 4;
 
 /// One record of the dictionary, UTF-8.
 struct DictionaryEntry {
@@ -18,7 +22,7 @@ struct DictionaryEntry {
     friend bool operator==(const DictionaryEntry&, const DictionaryEntry&) = default;
 };
 
-/// The same as it stands in the file: bytes of the code page, owned by whoever read them.
+/// The same as it is in the file: bytes of the code page, owned by the reader.
 struct RawRecord {
     std::string_view signs;
     std::string_view translation;
@@ -28,8 +32,8 @@ struct RawRecord {
     [[nodiscard]] DictionaryEntry decoded() const;
 };
 
-/// What every search leaves behind for printing, for the insertion dialog and for the name transcription:
-/// the record read last, whether or not it matched.
+/// What every search keeps for printing, for the insertion dialog and for the name transcription: the record
+/// read last, whether or not it matched.
 struct LastResult {
     std::string translation;
     std::string note;

@@ -4,9 +4,9 @@
 
 namespace karvel {
 
-MatchRule::MatchRule(std::uint8_t mode, std::string_view phrase) : first_(phrase)
+MatchRule::MatchRule(Mode mode, std::string_view phrase) : first_(phrase)
 {
-    switch (static_cast<Mode>(mode)) {
+    switch (mode) {
         case Mode::Equal:
             kind_ = Kind::Equal;
             break;
@@ -28,18 +28,20 @@ MatchRule::MatchRule(std::uint8_t mode, std::string_view phrase) : first_(phrase
             }
             break;
         }
-        default:
+        case Mode::Split:
+        case Mode::Contains:
             kind_ = Kind::Contains;
+            break;
     }
     const std::string quote(1, '"');
     if (kind_ == Kind::Contains) {
-        held_ = first_;
+        textInMatches_ = first_;
     } else if (kind_ == Kind::Equal) {
-        held_ = quote + first_ + quote;
+        textInMatches_ = quote + first_ + quote;
     } else if (first_.size() >= second_.size()) {
-        held_ = first_.empty() ? first_ : quote + first_;
+        textInMatches_ = first_.empty() ? first_ : quote + first_;
     } else {
-        held_ = second_ + quote;
+        textInMatches_ = second_ + quote;
     }
 }
 
@@ -48,17 +50,17 @@ MatchRule MatchRule::beginningsOf(std::string_view phrase)
     MatchRule rule;
     rule.kind_ = Kind::Beginning;
     rule.first_ = phrase;
-    // What is left over when the phrase is no whole number of signs belongs to its first one.
+    // When the phrase is no whole number of signs, the first piece is the shorter one.
     const std::size_t cut = phrase.size() % kCodeLength;
     rule.second_ = phrase.substr(0, cut == 0 ? kCodeLength : cut);
-    rule.held_ = '"' + rule.second_;
+    rule.textInMatches_ = '"' + rule.second_;
     return rule;
 }
 
 bool MatchRule::contains(std::string_view signs) const
 {
-    // Entries are a handful of signs: stepping through them beats setting up a general search. Looking at
-    // both ends of the phrase first leaves next to nothing to compare in full.
+    // An entry has only a few signs: this loop is faster than a general search. Comparing the first and the
+    // last character first leaves almost nothing to compare in full.
     const std::size_t length = first_.size();
     if (length == 0) {
         return true;

@@ -13,10 +13,10 @@ namespace karvel {
 /// Tells whether a record's signs satisfy a phrase in one of the search modes.
 class MatchRule {
   public:
-    /// `phrase` holds sign codes. `mode` may be any value: unknown ones, and Split, compare like Contains.
-    MatchRule(std::uint8_t mode, std::string_view phrase);
+    /// `phrase` holds sign codes. Split compares like Contains.
+    MatchRule(Mode mode, std::string_view phrase);
 
-    /// Every beginning of `phrase` that leaves whole signs of it, `phrase` itself included.
+    /// The rule for the beginnings of `phrase`: those behind which whole signs follow, and `phrase` itself.
     [[nodiscard]] static MatchRule beginningsOf(std::string_view phrase);
 
     [[nodiscard]] bool matches(std::string_view signs) const
@@ -37,9 +37,9 @@ class MatchRule {
         return false;
     }
 
-    /// A text that every matching record holds in a file of the usual form, with the quotes around its signs
-    /// where they must stand there; empty when there is none.
-    [[nodiscard]] const std::string& held() const { return held_; }
+    /// A text that stands in every matching record of the usual form, with the quotes around the signs where
+    /// the match begins or ends with them; empty when there is none.
+    [[nodiscard]] const std::string& textInMatches() const { return textInMatches_; }
 
   private:
     enum class Kind { Equal, Contains, Ends, Beginning, Never };
@@ -51,44 +51,33 @@ class MatchRule {
     Kind kind_ = Kind::Contains;
     std::string first_;   ///< the phrase, or what the record must begin with
     std::string second_;  ///< what the record must end with, or the shortest beginning
-    std::string held_;
+    std::string textInMatches_;
 };
 
-/// The records whose signs satisfy `rule`, in file order. Reads once, front to back, as matches are asked
-/// for.
+/// The records whose signs satisfy `rule`, in file order. Reads the file once, front to back, only as far as
+/// the match that was asked for. `reader` may leave out other records.
 class Lookup {
   public:
     Lookup(RecordReader& reader, MatchRule rule) : reader_(reader), rule_(std::move(rule))
     {
-        reader_.lookFor({rule_.held(), [own = rule_](std::string_view signs) { return own.matches(signs); }});
+        reader_.leaveOutWithout(rule_.textInMatches());
     }
 
     /// Moves to the next match; false at the end. Throws like RecordReader::next; matches already handed out
     /// stay valid.
     bool next()
     {
-        for (;;) {
-            if (wait_ > 0) {
-                --wait_;
-            } else if (!reader_.skip()) {
-                wait_ = kWait;
-            }
-            if (!reader_.next()) {
-                return false;
-            }
+        while (reader_.next()) {
             if (rule_.matches(reader_.record().signs)) {
                 return true;
             }
         }
+        return false;
     }
 
   private:
-    /// Where there was nothing to skip there will not be much: so many records are read before the next try.
-    static constexpr int kWait = 8;
-
     RecordReader& reader_;
     MatchRule rule_;
-    int wait_ = 0;
 };
 
 }  // namespace karvel

@@ -5,46 +5,32 @@
 
 namespace karvel {
 
-RecordReader::RecordReader(std::unique_ptr<ByteSource> source, std::size_t window, const SkimShape& shape)
-    : source_(std::move(source)), fields_(*source_, window), shape_(shape)
+RecordReader::RecordReader(std::unique_ptr<ByteSource> source, std::size_t window)
+    : source_(std::move(source)), fields_(*source_, window)
 {
 }
 
-void RecordReader::lookFor(Wanted wanted)
+void RecordReader::leaveOutWithout(const std::string& text)
 {
-    text_ = wanted.text;
-    skimmer_.reset();
-    if (FieldSkimmer::fits(*source_, text_, shape_)) {
-        skimmer_ = std::make_unique<FieldSkimmer>(*source_, std::move(wanted), shape_);
-    }
-}
-
-bool RecordReader::skip()
-{
-    if (skimmer_ && fields_.atField()) {
-        const std::uint64_t from = fields_.position();
-        if (const std::uint64_t to = skimmer_->pass(from); to != from) {
-            remember();
-            fields_.moveTo(to);
-            return true;
-        }
-    }
-    return fields_.skipRecordsWithout(text_);
-}
-
-void RecordReader::remember()
-{
-    if (current_) {
-        kept_ = record_.decoded();
-        current_ = false;
+    filter_.reset();
+    if (!text.empty()) {
+        filter_.emplace(text);
     }
 }
 
 bool RecordReader::next()
 {
-    std::array<std::string_view, 4> fields;
-    if (!fields_.recordInWindow(fields)) {
-        remember();  // the window is about to move
+    if (filter_ && fields_.position() >= nextScan_) {
+        const RecordFilter::Result found = filter_->scan(fields_.bytesInWindow());
+        nextScan_ = fields_.position() + found.read;
+        fields_.skipBytes(found.skip);
+    }
+    std::array<std::string_view, kRecordFields> fields;
+    if (!fields_.quotedFieldsInWindow(fields)) {
+        if (current_) {
+            kept_ = record_.decoded();  // the window is about to move
+            current_ = false;
+        }
         if (fields_.atEndButBlankLines()) {
             return false;
         }

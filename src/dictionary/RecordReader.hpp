@@ -1,13 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "dictionary/DictionaryEntry.hpp"
+#include "dictionary/RecordFilter.hpp"
 #include "text/FieldReader.hpp"
-#include "text/FieldSkimmer.hpp"
 
 namespace karvel {
 
@@ -15,22 +15,16 @@ namespace karvel {
 class RecordReader {
   public:
     /// Owns `source`; `window` as FieldReader has it.
-    explicit RecordReader(std::unique_ptr<ByteSource> source, std::size_t window = FieldReader::kWindow,
-                          const SkimShape& shape = {});
+    explicit RecordReader(std::unique_ptr<ByteSource> source, std::size_t window = FieldReader::kWindow);
 
     /// Moves to the next record; false at the end of the file, where blanks and line ends behind the last
     /// record are no record. Throws RuntimeError 62 when the file ends inside a record or a quote is never
     /// closed; `last` then still is the last whole record.
     bool next();
 
-    /// From now on `skip` may pass over records without a field that is wanted; over none when the wanted
-    /// text is empty. A large file is looked through by several threads at once, until the reader goes.
-    void lookFor(Wanted wanted);
-
-    /// Passes quickly over such records, none where that takes a closer look; `next` goes on behind them.
-    /// Whatever follows, `last` then is right again after one call of `next`. False when none was passed
-    /// over. May throw ReadingStopped.
-    bool skip();
+    /// From now on `next` may leave out records in which `text` does not stand. The last record of the file,
+    /// or before a fault, is always read, so that `last` is right. An empty text leaves out nothing.
+    void leaveOutWithout(const std::string& text);
 
     /// The record that `next` moved to; valid until the next call of `next`.
     [[nodiscard]] const RawRecord& record() const { return record_; }
@@ -39,16 +33,13 @@ class RecordReader {
     [[nodiscard]] std::optional<DictionaryEntry> last() const;
 
   private:
-    void remember();
-
     std::unique_ptr<ByteSource> source_;
     FieldReader fields_;
-    SkimShape shape_;
-    std::string text_;                       ///< the wanted one
-    std::unique_ptr<FieldSkimmer> skimmer_;  ///< none for a file that is small, or read once only
+    std::optional<RecordFilter> filter_;
+    std::uint64_t nextScan_ = 0;  ///< offset in the file before which `filter_` has nothing to skip
     RawRecord record_;
-    bool current_ = false;  ///< record_ points into the window
-    std::optional<DictionaryEntry> kept_;
+    bool current_ = false;                 ///< record_ points into the window
+    std::optional<DictionaryEntry> kept_;  ///< the last record, when it is no longer in the window
 };
 
 }  // namespace karvel

@@ -7,15 +7,6 @@
 
 namespace karvel {
 
-namespace {
-
-bool isContainment(std::uint8_t mode)
-{
-    return mode < 1 || mode > 6 || mode == static_cast<std::uint8_t>(Mode::Contains);
-}
-
-}  // namespace
-
 MessageBox translationBox(const DictionaryEntry& entry)
 {
     return {.title = "Traduzione",
@@ -39,14 +30,14 @@ std::unique_ptr<ByteSource> openDictionary(const FileSystem& files, UserInterfac
     });
 }
 
-void TranslationLookup::run(std::uint8_t mode, std::string_view phrase)
+void TranslationLookup::run(Mode mode, std::string_view phrase)
 {
     End end = End::NothingFound;
     try {
         end = pass(mode, phrase);
     } catch (const RuntimeError& error) {
         // Kept: only these two modes explain the fault of the file; the others report the bare error.
-        if (!isContainment(mode) && mode != static_cast<std::uint8_t>(Mode::Equal)) {
+        if (mode != Mode::Contains && mode != Mode::Equal) {
             throw;
         }
         ui_.ask(dictionaryErrorBox(error));
@@ -58,7 +49,7 @@ void TranslationLookup::run(std::uint8_t mode, std::string_view phrase)
     ui_.ask({.title = "Ricerca:", .text = end == End::Found ? "Fine Ricerca" : std::string(kNothingFound)});
 }
 
-TranslationLookup::End TranslationLookup::pass(std::uint8_t mode, std::string_view phrase)
+TranslationLookup::End TranslationLookup::pass(Mode mode, std::string_view phrase)
 {
     RecordReader reader(openDictionary(files_, ui_));
     const MatchRule rule(mode, phrase);
@@ -98,14 +89,14 @@ TranslationLookup::End TranslationLookup::pass(std::uint8_t mode, std::string_vi
 }
 
 /// False when the user has seen enough.
-bool TranslationLookup::show(std::uint8_t mode, DictionaryEntry entry)
+bool TranslationLookup::show(Mode mode, DictionaryEntry entry)
 {
     view_.showFound(entry.signs);
     entry.translation = upperCase(entry.translation);
     last_.translation = entry.translation;
     last_.note = entry.note;
     // Kept: only the containment search opens pictures; in the others the note is read, not seen.
-    const bool hasPicture = isContainment(mode) && entry.note.starts_with('*');
+    const bool hasPicture = mode == Mode::Contains && entry.note.starts_with('*');
     if (!hasPicture) {
         view_.closePicture();
     }

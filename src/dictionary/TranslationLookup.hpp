@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "base/UserInterface.hpp"
 #include "dictionary/DictionaryEntry.hpp"
+#include "dictionary/SearchModes.hpp"
 #include "files/FileSystem.hpp"
 
 namespace karvel {
@@ -49,13 +49,13 @@ class TranslationLookup {
 
     /// Searches for `phrase`, not empty. In the modes Equal and Contains a failure of the pass is shown in
     /// the "ERRORE" box; in the others it is thrown (RuntimeError). The results shown so far stay.
-    void run(std::uint8_t mode, std::string_view phrase);
+    void run(Mode mode, std::string_view phrase);
 
   private:
     enum class End { Cancelled, NothingFound, Found };
 
-    End pass(std::uint8_t mode, std::string_view phrase);
-    bool show(std::uint8_t mode, DictionaryEntry entry);
+    End pass(Mode mode, std::string_view phrase);
+    bool show(Mode mode, DictionaryEntry entry);
 
     const FileSystem& files_;
     UserInterface& ui_;

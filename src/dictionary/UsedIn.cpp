@@ -11,7 +11,7 @@ std::vector<DictionaryEntry> entriesWith(const FileSystem& files, UserInterface&
     std::vector<DictionaryEntry> entries;
     try {
         RecordReader reader(openDictionary(files, ui));
-        Lookup lookup(reader, MatchRule(static_cast<std::uint8_t>(Mode::Contains), code));
+        Lookup lookup(reader, MatchRule(Mode::Contains, code));
         while (lookup.next()) {
             entries.push_back(reader.record().decoded());
         }

@@ -14,7 +14,8 @@ namespace karvel {
 
 namespace {
 
-/// Passes bytes on and counts the lines in them up to any position, so that a fault can be named by its line.
+/// Reads from another source and counts the lines up to any position, so that a fault is reported with its
+/// line.
 class LineCounter : public ByteSource {
   public:
     explicit LineCounter(ByteSource& source) : source_(source) {}
@@ -37,7 +38,7 @@ class LineCounter : public ByteSource {
             ++first_;
             ++line_;
         }
-        if (first_ > 4096) {
+        if (first_ > kMostPassed) {
             starts_.erase(starts_.begin(), starts_.begin() + static_cast<std::ptrdiff_t>(first_));
             first_ = 0;
         }
@@ -45,6 +46,9 @@ class LineCounter : public ByteSource {
     }
 
   private:
+    static constexpr std::size_t kMostPassed =
+        4096;  ///< starts of lines that are kept though lineAt has passed them
+
     void note(char byte, std::uint64_t position)
     {
         if (byte == '\n' && afterCr_) {
@@ -89,8 +93,9 @@ Verification verify(ByteSource& dictionary)
     LineCounter lines(dictionary);
     FieldReader reader(lines);
     std::uint64_t begin = 1;
-    // An unclosed quote runs on to the next one and shifts every field behind it: what shows is a fault of
-    // the record that follows, what a person must mend is the record with a field over several lines.
+    // A field whose quote is not closed ends at the next quote, and all later fields are shifted. Then the
+    // fault is found in the next record, but the one to mend is the record before it, with a field over
+    // several lines.
     std::optional<std::uint64_t> spanning;
     const auto fault = [&](std::string reason) {
         result.records -= spanning ? 1 : 0;

@@ -8,7 +8,7 @@
 
 namespace karvel {
 
-/// What is wrong with a dictionary file, told so that a person can mend it by hand.
+/// What is wrong with a dictionary file, in words that let a person mend it by hand.
 struct Fault {
     std::uint64_t line = 0;  ///< where the first doubtful record begins, from 1
     std::string reason;      ///< Italian

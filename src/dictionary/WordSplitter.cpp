@@ -64,7 +64,7 @@ std::optional<Word> WordSplitter::find(std::string_view phrase)
         remember(reader.last());
         throw;
     }
-    // Whoever tries the candidates one by one stops reading at the word that fits.
+    // The word that fits counts as the record read last, as if the candidates had been tried one by one.
     remember(word ? word->entry : reader.last());
     if (word) {
         word->entry.translation = last_.translation;

@@ -32,8 +32,8 @@ char lowerCase(char letter)
 
 #if defined(_WIN32)
 
-/// What the disk says of the file or directory at `path`; nothing when there is none. A name with a wildcard
-/// is no file's.
+/// The entry of the file or directory at `path`; nothing when there is none. No file has a name with a
+/// wildcard.
 std::optional<WIN32_FIND_DATAW> foundOnDisk(const fs::path& path)
 {
     WIN32_FIND_DATAW found{};
@@ -49,7 +49,7 @@ std::optional<WIN32_FIND_DATAW> foundOnDisk(const fs::path& path)
 }
 
 /// The name that `wanted` has in `directory`, as it is spelled there; `wanted` itself when there is none.
-/// The system looks names up without regard to case, but says "exists" to any spelling.
+/// The system accepts any letter case of a name, so that asking whether it exists does not tell its spelling.
 fs::path nameIn(const fs::path& directory, const std::string& wanted)
 {
     const fs::path asGiven = hostPath(wanted);

@@ -8,7 +8,7 @@
 
 namespace karvel {
 
-/// Below this directory lives everything that the program reads and writes.
+/// The directory of everything that the program reads and writes.
 inline constexpr std::string_view kInstallRoot = "C:\\programmi\\Karvel\\";
 
 /// A path below the installation root, in the system's own form.

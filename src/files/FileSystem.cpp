@@ -107,7 +107,7 @@ void FileSystem::replace(std::string_view path, std::string_view bytes, Durabili
 {
     const fs::path target = behindLinks(drives_.toHost(path));
     if (!mayBeWritten(target)) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);  // renaming would pass over the file's protection
+        throw RuntimeError(ErrorNumber::PermissionDenied);  // renaming would ignore the file's protection
     }
     std::error_code error;
     if (fs::exists(target, error) && !fs::is_regular_file(target, error)) {

@@ -11,7 +11,7 @@
 
 namespace karvel {
 
-/// Whether a replaced file must survive a power cut, or just the program's own end.
+/// Whether a replaced file must survive a power cut, or only the end of the program.
 enum class Durability { Disk, Process };
 
 /// What an append does with blank lines at the end of the file. In a file of records they are no record

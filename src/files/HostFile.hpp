@@ -33,9 +33,9 @@ class HostFile : public ByteSource {
         return count;
     }
     [[nodiscard]] std::uint64_t size() const override;
-    [[nodiscard]] bool anywhere() const override { return true; }
-    std::size_t readAt(std::uint64_t offset, std::span<char> buffer) const override;
-    void moveTo(std::uint64_t offset) override { offset_ = offset; }
+
+    /// Like `read`, but from `offset` bytes from the start; `read` continues where it was.
+    std::size_t readAt(std::uint64_t offset, std::span<char> buffer) const;
 
     /// The byte `offset` bytes from the start. Throws RuntimeError 57 when there is none.
     [[nodiscard]] char byteAt(std::uint64_t offset) const
@@ -64,7 +64,8 @@ class HostFile : public ByteSource {
 #else
     int descriptor_;
 #endif
-    std::uint64_t offset_ = 0;  ///< our own: the system's moves on one of the two whenever anything is read
+    std::uint64_t offset_ =
+        0;  ///< of the next `read`; the system's own offset moves with `readAt` on Windows
 };
 
 /// Puts `from` in the place of `to` in one step. Throws RuntimeError; `to` is then as it was.

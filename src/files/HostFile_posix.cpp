@@ -140,7 +140,7 @@ void HostFile::lock()
 {
     while (::flock(descriptor_, LOCK_EX) != 0) {
         if (errno != EINTR) {
-            return;  // a file system without locks: one program at a time is then the user's care
+            return;  // a file system without locks: then only one program may append at a time
         }
     }
 }

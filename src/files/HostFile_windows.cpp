@@ -47,7 +47,7 @@ OVERLAPPED at(std::uint64_t offset)
     return place;
 }
 
-/// A name that is too long is told as such: the system itself calls the file or its path missing.
+/// Reports a name that is too long; the system itself would report that the file or its directory is missing.
 void refuseLongNames(const std::filesystem::path& path)
 {
     constexpr std::size_t kLongest = 255;
@@ -145,8 +145,9 @@ void HostFile::flush()
 
 void HostFile::lock()
 {
-    // Locks forbid reading here, so a byte far behind the end stands for the file.
-    OVERLAPPED place = at(0x7FFFFFFFFFFFFFFE);
+    // Here a lock forbids reading: one byte far behind the end is locked in place of the file.
+    constexpr std::uint64_t kBehindAnyFile = 0x7FFFFFFFFFFFFFFE;
+    OVERLAPPED place = at(kBehindAnyFile);
     ::LockFileEx(handle_, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place);
 }
 

@@ -6,17 +6,9 @@ namespace karvel {
 
 std::size_t TextSource::read(std::span<char> buffer)
 {
-    const std::size_t count = readAt(at_, buffer);
-    at_ += count;
+    const std::size_t count = text_.copy(buffer.data(), buffer.size());
+    text_.remove_prefix(count);
     return count;
-}
-
-std::size_t TextSource::readAt(std::uint64_t offset, std::span<char> buffer) const
-{
-    if (offset >= text_.size()) {
-        return 0;
-    }
-    return text_.copy(buffer.data(), buffer.size(), static_cast<std::size_t>(offset));
 }
 
 WatchedSource::WatchedSource(std::unique_ptr<ByteSource> source, Watcher watcher)
@@ -24,23 +16,11 @@ WatchedSource::WatchedSource(std::unique_ptr<ByteSource> source, Watcher watcher
 {
 }
 
-void WatchedSource::tell()
+std::size_t WatchedSource::read(std::span<char> buffer)
 {
     if (!watcher_(done_, source_->size())) {
         throw ReadingStopped();
     }
-}
-
-void WatchedSource::moveTo(std::uint64_t offset)
-{
-    tell();
-    source_->moveTo(offset);
-    done_ = offset;
-}
-
-std::size_t WatchedSource::read(std::span<char> buffer)
-{
-    tell();
     const std::size_t count = source_->read(buffer);
     done_ += count;
     return count;

@@ -60,7 +60,7 @@ constexpr std::array<unsigned char, 256> kUpper = [] {
     return table;
 }();
 
-/// The plain letter below an upper-case accented one.
+/// The letter without its accent; `byte` is in upper case.
 constexpr unsigned char plainOf(unsigned char byte)
 {
     constexpr std::string_view kPlain =

@@ -5,7 +5,8 @@
 
 namespace karvel {
 
-/// Text of files is the ANSI code page 1252, text in memory is UTF-8. Conversion happens at the file's edge.
+/// Text of files is the ANSI code page 1252, text in memory is UTF-8. It is converted when a file is read or
+/// written.
 
 /// UTF-8 of `bytes`. Never fails: the five bytes that the code page leaves undefined become the control
 /// characters of the same value, so that reading and writing again gives the same bytes.

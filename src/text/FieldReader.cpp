@@ -9,14 +9,16 @@
 #include <utility>
 #include <vector>
 
-#include "text/ByteScan.hpp"
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace karvel {
 
 namespace {
 
-/// No group of fields may be longer: a file without a single line end is no text, and must not eat the
-/// memory.
+/// No group of fields may have more bytes: a file without a single line end is no text and must not take all
+/// the memory.
 constexpr std::size_t kLongestGroup = std::size_t{1} << 27;
 
 bool endsField(char byte)
@@ -24,7 +26,38 @@ bool endsField(char byte)
     return byte == ',' || byte == '\r' || byte == '\n';
 }
 
-/// A file of settings is a few bytes long and needs no window made for a dictionary.
+#if defined(__SSE2__)
+
+/// Bytes behind the window that `findQuote` may load. Their values do not matter.
+constexpr std::size_t kPadding = 16;
+
+/// The first double quote in [from, end), or `end`. A field has about a dozen bytes: a library call for each
+/// would take longer than the comparison.
+inline const char* findQuote(const char* from, const char* end)
+{
+    const __m128i quotes = _mm_set1_epi8('"');
+    for (; from < end; from += sizeof(__m128i)) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+        if (const auto hits = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, quotes)))) {
+            return std::min(from + std::countr_zero(hits), end);
+        }
+    }
+    return end;
+}
+
+#else
+
+constexpr std::size_t kPadding = 0;
+
+const char* findQuote(const char* from, const char* end)
+{
+    const void* const hit = std::memchr(from, '"', static_cast<std::size_t>(end - from));
+    return hit != nullptr ? static_cast<const char*>(hit) : end;
+}
+
+#endif
+
+/// A file of settings has only a few bytes and needs no window of the size that a dictionary needs.
 std::size_t windowFor(const ByteSource& source, std::size_t wanted)
 {
     const std::uint64_t size = source.size();
@@ -36,17 +69,14 @@ std::size_t windowFor(const ByteSource& source, std::size_t wanted)
 }  // namespace
 
 FieldReader::FieldReader(ByteSource& source, std::size_t window)
-    : source_(source),
-      capacity_(windowFor(source, window)),
-      buffer_(new char[capacity_ + kScanPadding]()),
-      portion_(capacity_)
+    : source_(source), capacity_(windowFor(source, window)), buffer_(new char[capacity_ + kPadding]())
 {
 }
 
-/// Gets more bytes behind `end_`; false at the end of the source. Moves what is kept to the front.
+/// Reads more bytes behind `end_`; false at the end of the source. Moves the bytes that are still needed to
+/// the front of the window.
 bool FieldReader::more()
 {
-    ends_.at = kNowhere;
     if (keep_ > 0) {
         std::memmove(buffer_.get(), buffer_.get() + keep_, end_ - keep_);
         discarded_ += keep_;
@@ -58,13 +88,12 @@ bool FieldReader::more()
         if (capacity_ >= kLongestGroup) {
             throw RuntimeError(ErrorNumber::Overflow);
         }
-        std::unique_ptr<char[]> wider(new char[capacity_ * 2 + kScanPadding]());
+        std::unique_ptr<char[]> wider(new char[capacity_ * 2 + kPadding]());
         std::memcpy(wider.get(), buffer_.get(), end_);
         buffer_ = std::move(wider);
         capacity_ *= 2;
     }
-    const std::size_t count = source_.read({buffer_.get() + end_, std::min(portion_, capacity_ - end_)});
-    portion_ = std::min(2 * portion_, capacity_);
+    const std::size_t count = source_.read({buffer_.get() + end_, capacity_ - end_});
     end_ += count;
     return count > 0;
 }
@@ -73,17 +102,6 @@ bool FieldReader::atEnd()
 {
     keep_ = at_;
     return emptyLines_ == 0 && !have();
-}
-
-void FieldReader::moveTo(std::uint64_t position)
-{
-    constexpr std::size_t kPortion = 4 * 1024;
-    source_.moveTo(position);
-    discarded_ = position;
-    keep_ = at_ = end_ = 0;
-    ends_.at = kNowhere;
-    emptyLines_ = 0;
-    portion_ = std::min(kPortion, capacity_);
 }
 
 void FieldReader::lineEndAfterCr()
@@ -114,100 +132,27 @@ bool FieldReader::atEndButBlankLines()
     return true;
 }
 
-/// Finds the ends in the block. False when a quote of it neither begins nor ends a field of that form: then
-/// nothing can be said of any field in it.
-inline bool FieldReader::readBlock(FieldEnds& ends) const
+bool FieldReader::quotedFieldsInWindow(std::span<std::string_view> fields)
 {
-    auto [quotes, closing] = marksOf(buffer_.get() + ends.block);
-    // Behind the window stand bytes of the past: a quote counts when it is inside, an end when its CR LF is.
-    const auto lowest = [](std::size_t count) {
-        return count < kBlock ? (std::uint64_t{1} << count) - 1 : ~std::uint64_t{0};
-    };
-    const std::size_t inside = end_ - ends.block;
-    quotes &= lowest(inside);
-    closing &= lowest(inside - std::min<std::size_t>(inside, 2));
-    const std::uint64_t opening = (ends.opening | closing << 3) & lowest(inside);
-    ends.opening = closing >> (kBlock - 3);
-    ends.closing = closing;
-    // A field that begins with a line end looks like two: no quote may both begin and end one.
-    return quotes == (closing | opening) && (closing & opening) == 0;
-}
-
-/// Takes up the ends again where reading has come to; false when the usual form does not go on there.
-bool FieldReader::resumeEnds(FieldEnds& ends) const
-{
-    if (emptyLines_ > 0 || at_ == end_ || buffer_[at_] != '"') {
+    constexpr std::ptrdiff_t kFieldEnd = 3;  // closing quote, CR, LF
+    if (emptyLines_ > 0) {
         return false;
     }
-    ends = ends_;
-    if (ends.at == at_) {
-        return true;
-    }
-    ends = {.at = at_, .block = at_, .opening = 1};
-    return readBlock(ends);
-}
-
-bool FieldReader::recordInWindow(std::array<std::string_view, 4>& fields)
-{
-    FieldEnds ends;
-    if (!resumeEnds(ends)) {
-        return false;
-    }
-    std::size_t open = at_ + 1;
+    const char* at = buffer_.get() + at_;
+    const char* const end = buffer_.get() + end_;
     for (std::string_view& field : fields) {
-        while (ends.closing == 0) {
-            ends.block += kBlock;
-            if (ends.block >= end_ || !readBlock(ends)) {
-                return false;
-            }
+        if (at == end || *at != '"') {
+            return false;
         }
-        const std::size_t close = ends.block + static_cast<std::size_t>(std::countr_zero(ends.closing));
-        ends.closing &= ends.closing - 1;
-        field = {buffer_.get() + open, close - open};
-        open = close + 4;  // behind CR LF and the next opening quote
+        const char* const close = findQuote(++at, end);
+        if (end - close < kFieldEnd || close[1] != '\r' || close[2] != '\n') {
+            return false;
+        }
+        field = {at, static_cast<std::size_t>(close - at)};
+        at = close + kFieldEnd;
     }
-    keep_ = at_ = ends.at = open - 1;
-    ends_ = ends;
+    keep_ = at_ = static_cast<std::size_t>(at - buffer_.get());
     return true;
-}
-
-bool FieldReader::skipRecordsWithout(std::string_view text)
-{
-    struct Place {
-        FieldEnds ends;
-        int fields = 0;  ///< ended before the block since `at_`
-    };
-    Place here;
-    if (text.empty() || !resumeEnds(here.ends)) {
-        return false;
-    }
-    // The last two blocks in which a record ended. Only the records that ended by the first of them are
-    // skipped: so one whole record at least is left to be read, whatever follows.
-    Place last;
-    Place before;
-    while (here.ends.block + kBlock + text.size() <= end_ &&
-           !beginsInBlock(text, buffer_.get() + here.ends.block)) {
-        const int count = std::popcount(here.ends.closing);
-        if (here.fields % 4 + count >= 4) {
-            before = last;
-            last = here;
-        }
-        here.fields += count;
-        here.ends.block += kBlock;
-        if (!readBlock(here.ends)) {
-            break;
-        }
-    }
-    const std::size_t from = at_;
-    for (; before.ends.closing != 0; before.ends.closing &= before.ends.closing - 1) {
-        if (++before.fields % 4 == 0) {
-            const int bit = std::countr_zero(before.ends.closing);
-            ends_ = before.ends;
-            ends_.closing &= ends_.closing - 1;
-            keep_ = at_ = ends_.at = ends_.block + static_cast<std::size_t>(bit) + 3;
-        }
-    }
-    return at_ != from;
 }
 
 FieldReader::Slice FieldReader::next()
@@ -247,7 +192,7 @@ FieldReader::Slice FieldReader::next()
     return slice;
 }
 
-/// Whatever stands between the closing quote and the delimiter belongs to no field.
+/// Characters between the closing quote and the delimiter belong to no field.
 void FieldReader::endOfQuotedField()
 {
     while (have()) {
@@ -302,7 +247,7 @@ void FieldReader::fields(std::span<std::string_view> fields)
     for (std::size_t i = 0; i < fields.size(); ++i) {
         slices[i] = next();
     }
-    // Only now is the window where it stays: each field read may have moved it.
+    // The views are made last, because reading a field may move the window.
     for (std::size_t i = 0; i < fields.size(); ++i) {
         fields[i] = {buffer_.get() + keep_ + slices[i].begin, slices[i].length};
     }
@@ -315,7 +260,7 @@ std::int64_t FieldReader::wholeNumber(std::int64_t lowest, std::int64_t highest)
         text.remove_prefix(1);
     }
     if (text.find_first_not_of("0123456789+-.eE") != std::string_view::npos) {
-        return 0;  // "inf" and its like are words here, not numbers
+        return 0;  // "inf" and "nan" are words here, not numbers
     }
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -19,8 +18,8 @@ namespace karvel {
 /// to the next comma or line end, its trailing blanks dropped. A line end is CR LF, LF or CR. An empty line
 /// is one empty field.
 ///
-/// Fields are bytes of the file's code page. Memory is constant: one window of the source, wider only
-/// where a single group of fields is.
+/// Fields are bytes of the file's code page. Memory is constant: one window of the source. The window grows
+/// only when a single group of fields does not fit into it.
 class FieldReader {
   public:
     static constexpr std::size_t kWindow = 256 * 1024;
@@ -38,22 +37,21 @@ class FieldReader {
     /// The next `fields.size()` fields, valid together until the next call. Throws like `field`.
     void fields(std::span<std::string_view> fields);
 
-    /// The fast way for the usual record: four quoted fields, each on a line of its own, wholly in the
-    /// window. False leaves everything as it is, views handed out before included; `fields` then reads any
-    /// form.
-    [[nodiscard]] bool recordInWindow(std::array<std::string_view, 4>& fields);
+    /// Reads `fields.size()` fields quickly when each of them is in double quotes, followed by CR LF, and
+    /// wholly in the window. False when they are not: then nothing was read, views that were returned before
+    /// are still valid, and `fields` reads any form.
+    [[nodiscard]] bool quotedFieldsInWindow(std::span<std::string_view> fields);
 
-    /// Skips records of that form, as far as the window goes, in which `text` stands nowhere. The last record
-    /// before one that has it, before the window's end or before any other form is never skipped. False when
-    /// nothing was.
-    bool skipRecordsWithout(std::string_view text);
+    /// The bytes from the next field to the end of the window; valid until the next call that reads. Empty
+    /// while empty lines that `atEndButBlankLines` skipped are still to be read.
+    [[nodiscard]] std::string_view bytesInWindow() const
+    {
+        return emptyLines_ > 0 ? std::string_view() : std::string_view(buffer_.get() + at_, end_ - at_);
+    }
 
-    /// Whether what is read next begins at `position`.
-    [[nodiscard]] bool atField() const { return emptyLines_ == 0; }
-
-    /// Goes on at the field that begins `position` bytes from the start of a source that allows it. Views
-    /// handed out before are lost. When the source throws, everything is as it was.
-    void moveTo(std::uint64_t position);
+    /// Continues `count` bytes behind the next field's start, where another field must begin. `count` is at
+    /// most the size of `bytesInWindow`. Views that were returned before are still valid.
+    void skipBytes(std::size_t count) { at_ += count; }
 
     /// Skips blanks and line ends when nothing else follows; true when the end was reached so.
     /// Otherwise nothing is lost: the empty lines skipped are still read as empty fields.
@@ -80,19 +78,6 @@ class FieldReader {
         std::size_t length;
     };
 
-    /// Where quoted fields with CR LF behind them end, sixty-four bytes at a time: `closing` are the closing
-    /// quotes not yet handed out of the bytes from `block` on.
-    struct FieldEnds {
-        std::size_t at = kNowhere;  ///< where reading must go on for the rest to be right
-        std::size_t block = 0;
-        std::uint64_t closing = 0;
-        std::uint64_t opening =
-            0;  ///< the quotes that must stand in the next block, for the ends in this one
-    };
-    static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
-
-    [[nodiscard]] bool readBlock(FieldEnds& ends) const;
-    [[nodiscard]] bool resumeEnds(FieldEnds& ends) const;
     Slice next();
     Slice bareField();
     void endOfQuotedField();
@@ -104,12 +89,10 @@ class FieldReader {
     ByteSource& source_;
     std::size_t capacity_;
     std::unique_ptr<char[]> buffer_;
-    std::size_t portion_;   ///< bytes to ask the source for; what is far away is not read at once
     std::size_t keep_ = 0;  ///< bytes before this one are no longer needed
     std::size_t at_ = 0;
     std::size_t end_ = 0;
     std::uint64_t discarded_ = 0;
-    FieldEnds ends_;
     bool insideQuote_ = false;
     std::uint64_t emptyLines_ = 0;  ///< skipped empty lines that are still to be handed out as fields
 };

@@ -24,7 +24,7 @@ namespace karvel {
 /// A number on a line of its own, a blank where the minus sign would stand.
 [[nodiscard]] std::string numberLine(std::int64_t number);
 
-/// The same with the blank that a print statement leaves behind a number.
+/// The same with a blank behind the number, as some of the files have it.
 [[nodiscard]] std::string spacedNumberLine(std::int64_t number);
 
 }  // namespace karvel

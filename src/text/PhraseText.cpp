@@ -12,7 +12,8 @@ namespace {
 
 constexpr char32_t kFirstHieroglyph = 0x13000;
 constexpr char32_t kLastHieroglyph = 0x1342F;
-constexpr char32_t kLastArrangement = 0x1345F;  // joiners and the like follow the hieroglyphs
+constexpr char32_t kLastArrangement = 0x1345F;  // the characters that arrange hieroglyphs follow them
+constexpr char32_t kNoBreakSpace = 0xA0;
 
 void note(std::vector<std::string>& list, const std::string& text)
 {
@@ -23,7 +24,8 @@ void note(std::vector<std::string>& list, const std::string& text)
 
 bool isWordCharacter(char32_t character)
 {
-    return character > ' ' && character != '-' && character != ':' && character != '*' && character != 0xA0;
+    return character > ' ' && character != '-' && character != ':' && character != '*' &&
+           character != kNoBreakSpace;
 }
 
 void readWord(const std::string& word, ReadPhrase& phrase)

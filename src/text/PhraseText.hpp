@@ -7,7 +7,7 @@
 
 namespace karvel {
 
-/// A phrase on its way to or from other programs.
+/// Phrases in the forms that other programs use.
 
 /// The Unicode hieroglyphs of `codes`; a sign that has none, the missing sign among them, becomes "?".
 [[nodiscard]] std::string unicodeOf(std::string_view codes);
@@ -21,7 +21,7 @@ struct ReadPhrase {
 };
 
 /// Reads Unicode hieroglyphs, Gardiner numbers parted by "-", ":", "*" or blanks, or the system's codes, in
-/// any mixture. Characters that only arrange hieroglyphs are passed over.
+/// any mixture. Characters that only arrange hieroglyphs are ignored.
 [[nodiscard]] ReadPhrase readPhrase(std::string_view utf8);
 
 /// The codes of a phrase given as Gardiner numbers joined by "-"; nothing when one of them is unknown, and

@@ -37,7 +37,7 @@ TEST_F(SearchModesTest, RestoresWhatWasStored)
         {" 4\r\n", 4, "4 TIPO RICERCA: Inizia per..."},
         {"5", 5, "5 TIPO RICERCA: Finisce per..."},
         {" 6\r\n", 6, " TIPO RICERCA:"},  // never stored by the program: taken, but nothing shows it
-        {" 0\r\n", 0, " TIPO RICERCA:"},
+        {" 7\r\n", 7, " TIPO RICERCA:"},
         {"255\r\n", 255, " TIPO RICERCA:"},
         {"tre\r\n", 0, " TIPO RICERCA:"},
         {"\r\n", 0, " TIPO RICERCA:"},
@@ -52,6 +52,8 @@ TEST_F(SearchModesTest, RestoresWhatWasStored)
         try {
             modes.restore(drive.files());
             EXPECT_EQ(modes.SearchMode(), mode) << file;
+            // What is no mode searches like "Cerca simile".
+            EXPECT_EQ(modes.mode(), mode < 1 || mode > 6 ? Mode::Contains : static_cast<Mode>(mode)) << file;
             EXPECT_EQ(seen(modes), expected);
         } catch (const RuntimeError& error) {
             EXPECT_EQ(-error.value(), mode) << file;
@@ -71,8 +73,7 @@ TEST_F(SearchModesTest, AChoiceTicksStoresAndNamesTheMode)
         {Mode::Split, "2 TIPO RICERCA: Dividi in parole", " 2\r\n"},
         {Mode::StartsWith, "4 TIPO RICERCA: Inizia per...", " 4\r\n"},
         {Mode::EndsWith, "5 TIPO RICERCA: Finisce per...", " 5\r\n"},
-        {Mode::Contains, "3 TIPO RICERCA: Cerca Simile", " 3\r\n"},  // the capital S of the chosen mode
-        {Mode::Contains, "3 TIPO RICERCA: Cerca Simile", " 3\r\n"},
+        {Mode::Contains, "3 TIPO RICERCA: Cerca Simile", " 3\r\n"},     // the capital S of the chosen mode
         {Mode::MissingSign, "6 TIPO RICERCA: Cerca Simile", " 3\r\n"},  // neither heading nor file follow
         {Mode::StartsWith, "4 TIPO RICERCA: Inizia per...", " 4\r\n"},
     };

@@ -24,8 +24,7 @@ struct Result {
 };
 
 struct Search {
-    const char* name;
-    int mode;
+    Mode mode;
     std::string phrase;
     std::string file;             ///< "(none)": there is no dictionary
     std::vector<Result> results;  ///< the "Traduzione" boxes
@@ -38,7 +37,8 @@ class TranslationLookupTest : public ::testing::Test {
   protected:
     void run(const Search& search)
     {
-        SCOPED_TRACE(search.name);
+        SCOPED_TRACE(std::to_string(static_cast<int>(search.mode)) + " " + search.phrase + " in " +
+                     search.file);
         const testing::TemporaryDrive drive;
         if (search.file != "(none)") {
             drive.write(kDictionaryPath, search.file);
@@ -47,7 +47,7 @@ class TranslationLookupTest : public ::testing::Test {
         for (const auto& [text, answer] : search.results) {
             ui.expect({.title = "Traduzione", .text = text, .buttons = Buttons::OkCancel}, answer);
         }
-        const bool explained = search.mode != 4 && search.mode != 5 && search.mode != 6;
+        const bool explained = search.mode == Mode::Equal || search.mode == Mode::Contains;
         if (search.end == "found") {
             ui.expect({.title = "Ricerca:", .text = "Fine Ricerca"});
         } else if (search.end == "nothing") {
@@ -63,8 +63,7 @@ class TranslationLookupTest : public ::testing::Test {
         LastResult last{"prima", "nota di prima", "z99"};
         std::string thrown;
         try {
-            TranslationLookup(drive.files(), ui, shown, last)
-                .run(static_cast<std::uint8_t>(search.mode), search.phrase);
+            TranslationLookup(drive.files(), ui, shown, last).run(search.mode, search.phrase);
         } catch (const RuntimeError& error) {
             thrown = std::to_string(error.value());
         }
@@ -93,89 +92,19 @@ class TranslationLookupTest : public ::testing::Test {
 TEST_F(TranslationLookupTest, ShowsEachMatchAndThenTheEnd)
 {
     const std::string all = perche + casa + altro;
-    for (const Search& search : {
-             Search{"equal: text only, though the note names a picture",
-                    1,
-                    "a01",
-                    all,
-                    {{perchBox}},
-                    "found",
-                    "[a01]",
-                    "altro",
-                    "ultima"},
-             Search{"contains: the picture opens after its box",
-                    3,
-                    "a01",
-                    all,
-                    {{perchBox}, {casaBox}},
-                    "found",
-                    "[a01]picture(occhio.gif)[a01b02]",
-                    "altro",
-                    "ultima"},
-             Search{"a mode that is none searches like contains",
-                    77,
-                    "a01b02",
-                    all,
-                    {{casaBox}},
-                    "found",
-                    "[a01b02]",
-                    "altro",
-                    "ultima"},
-             Search{"starts",
-                    4,
-                    "a01",
-                    all,
-                    {{perchBox}, {casaBox}},
-                    "found",
-                    "[a01][a01b02]",
-                    "altro",
-                    "ultima"},
-             Search{"ends", 5, "b02", all, {{casaBox}}, "found", "[a01b02]", "altro", "ultima"},
-             Search{"missing sign",
-                    6,
-                    "a01p47",
-                    all,
-                    {{perchBox}, {casaBox}},
-                    "found",
-                    "[a01][a01b02]",
-                    "altro",
-                    "ultima"},
-             Search{"missing sign without one in the phrase",
-                    6,
-                    "a01",
-                    all,
-                    {},
-                    "nothing",
-                    "",
-                    "altro",
-                    "ultima"},
-             Search{"nothing found: the last record stays, as it is stored",
-                    1,
-                    "d04",
-                    all,
-                    {},
-                    "nothing",
-                    "",
-                    "altro",
-                    "ultima"},
-             Search{"the match is the last record: its translation stays as shown",
-                    1,
-                    "a01b02",
-                    perche + casa,
-                    {{casaBox}},
-                    "found",
-                    "[a01b02]",
-                    "CASA",
-                    "nota"},
-             Search{"an empty dictionary keeps the last record of the search before",
-                    1,
-                    "a01",
-                    "",
-                    {},
-                    "nothing",
-                    "",
-                    "prima",
-                    "nota di prima"},
+    const std::string both = "[a01][a01b02]";
+    const std::string seen = "[a01]picture(occhio.gif)[a01b02]";
+    for (const Search& search : std::initializer_list<Search>{
+             {Mode::Equal, "a01", all, {{perchBox}}, "found", "[a01]", "altro", "ultima"},  // no picture
+             {Mode::Contains, "a01", all, {{perchBox}, {casaBox}}, "found", seen, "altro", "ultima"},
+             {Mode::StartsWith, "a01", all, {{perchBox}, {casaBox}}, "found", both, "altro", "ultima"},
+             {Mode::EndsWith, "b02", all, {{casaBox}}, "found", "[a01b02]", "altro", "ultima"},
+             {Mode::MissingSign, "a01p47", all, {{perchBox}, {casaBox}}, "found", both, "altro", "ultima"},
+             {Mode::MissingSign, "a01", all, {}, "nothing", "", "altro", "ultima"},
+             // The record read last stays: as it is stored, but a match as it was shown.
+             {Mode::Equal, "d04", all, {}, "nothing", "", "altro", "ultima"},
+             {Mode::Equal, "a01b02", perche + casa, {{casaBox}}, "found", "[a01b02]", "CASA", "nota"},
+             {Mode::Equal, "a01", "", {}, "nothing", "", "prima", "nota di prima"},
          }) {
         run(search);
     }
@@ -183,34 +112,14 @@ TEST_F(TranslationLookupTest, ShowsEachMatchAndThenTheEnd)
 
 TEST_F(TranslationLookupTest, CancelEndsTheSearchWithoutAWord)
 {
-    for (const Search& search : {
-             Search{"at the first match",
-                    4,
-                    "a01",
-                    perche + casa,
-                    {{perchBox, Button::Cancel}},
-                    "cancelled",
-                    "[a01]",
-                    "PERCHÉ, POICHÉ",
-                    "*occhio.gif"},
-             Search{"the picture still opens",
-                    3,
-                    "a01",
-                    perche + casa,
-                    {{perchBox, Button::Cancel}},
-                    "cancelled",
-                    "[a01]picture(occhio.gif)",
-                    "PERCHÉ, POICHÉ",
-                    "*occhio.gif"},
-             Search{"a fault behind the match is not read",
-                    1,
-                    "a01b02",
-                    casa + "\"x",
-                    {{casaBox, Button::Cancel}},
-                    "cancelled",
-                    "[a01b02]",
-                    "CASA",
-                    "nota"},
+    const Result cancelled{perchBox, Button::Cancel};
+    const std::string shown = "PERCHÉ, POICHÉ";
+    const std::string picture = "[a01]picture(occhio.gif)";
+    for (const Search& search : std::initializer_list<Search>{
+             {Mode::StartsWith, "a01", perche, {cancelled}, "cancelled", "[a01]", shown, "*occhio.gif"},
+             {Mode::Contains, "a01", perche, {cancelled}, "cancelled", picture, shown, "*occhio.gif"},
+             // A fault behind the match is not read.
+             {Mode::Equal, "a01", perche + "\"x", {cancelled}, "cancelled", "[a01]", shown, "*occhio.gif"},
          }) {
         run(search);
     }
@@ -220,20 +129,15 @@ TEST_F(TranslationLookupTest, AFaultOfTheFileIsExplainedInTwoModesOnly)
 {
     const std::string cut = casa + altro + "\"d04\"\r\n\"tagliata\"\r\n";
     const std::string open = casa + "\"d04\"\r\n\"aperta\r\n";
-    for (const int mode : {1, 3, 0, 200, 4, 5, 6}) {
-        const std::string phrase = mode == 6 ? "a01p47" : mode == 5 ? "b02" : mode == 1 ? "a01b02" : "a01";
-        for (const Search& search : {
-                 Search{"cut record: the matches before it were shown",
-                        mode,
-                        phrase,
-                        cut,
-                        {{casaBox}},
-                        "62",
-                        "[a01b02]",
-                        "altro",
-                        "ultima"},
-                 Search{"unclosed quote", mode, phrase, open, {{casaBox}}, "62", "[a01b02]", "CASA", "nota"},
-                 Search{"no file", mode, phrase, "(none)", {}, "53", "", "prima", "nota di prima"},
+    for (const auto& [mode, phrase] : {std::pair{Mode::Equal, "a01b02"},
+                                       {Mode::Contains, "a01"},
+                                       {Mode::StartsWith, "a01"},
+                                       {Mode::EndsWith, "b02"},
+                                       {Mode::MissingSign, "a01p47"}}) {
+        for (const Search& search : std::initializer_list<Search>{
+                 {mode, phrase, cut, {{casaBox}}, "62", "[a01b02]", "altro", "ultima"},
+                 {mode, phrase, open, {{casaBox}}, "62", "[a01b02]", "CASA", "nota"},
+                 {mode, phrase, "(none)", {}, "53", "", "prima", "nota di prima"},
              }) {
             run(search);
         }
@@ -248,7 +152,7 @@ TEST_F(TranslationLookupTest, StoppingALongReadingIsLikeCancel)
     ui.stopReading = true;
     Shown shown;
     LastResult last{"prima", "", ""};
-    TranslationLookup(drive.files(), ui, shown, last).run(1, "a01b02");
+    TranslationLookup(drive.files(), ui, shown, last).run(Mode::Equal, "a01b02");
     EXPECT_EQ(ui.busyDepth, 0);
     EXPECT_EQ(last.translation, "prima");
 }

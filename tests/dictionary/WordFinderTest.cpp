@@ -98,7 +98,7 @@ TEST(Answers, AreFoldedRankedAndMarked)
     const TextSource source(file);
     RecordReader reader(std::make_unique<TextSource>(source));
     Answers answers;
-    addMatches(reader, 3, "f21", answers);
+    addMatches(reader, Mode::Contains, "f21", answers);
     answers.sort(Answers::Order::BestFirst);
     EXPECT_EQ(answers.counts(), "3 parole, 3 voci");
     EXPECT_EQ(answers.best(answers.word(0)).entry->translation, "x");  // begins with the phrase
@@ -107,7 +107,7 @@ TEST(Answers, AreFoldedRankedAndMarked)
     EXPECT_EQ(answers.best(answers.word(2)).entry->translation, "x");
     RecordReader again(std::make_unique<TextSource>(source));
     Answers ending;
-    addMatches(again, 5, "f21", ending);
+    addMatches(again, Mode::EndsWith, "f21", ending);
     EXPECT_EQ(ending.counts(), "1 parola, 1 voce");
     EXPECT_EQ(ending.all()[0].markedFrom, 2U);  // the one at the end, of two
 }

@@ -106,26 +106,6 @@ void limitFiles(rlim_t bytes)
     ::setrlimit(RLIMIT_FSIZE, &limit);
 }
 
-TEST_F(FileSystemTest, AFullDiskLeavesTheFileAsItWas)
-{
-    drive.write(kFile, "\"a01\"\r\n\"occhio\"");
-    const std::string before = drive.read(kFile);
-    const std::string added(1000, 'x');
-    const auto full = [&](auto work) {
-        return testing::inChild([&] {
-            limitFiles(before.size() + 10);
-            work();
-        });
-    };
-    EXPECT_EQ(full([&] { files.append(kFile, added); }), 61);
-    EXPECT_EQ(drive.read(kFile), before);
-    EXPECT_EQ(full([&] { files.replace(kFile, added); }), 61);
-    EXPECT_EQ(drive.read(kFile), before);
-    EXPECT_EQ(filesBeside(), 1U);
-    EXPECT_EQ(full([&] { files.append(kFile, "12345678"); }), 0);  // with its line end just what fits
-    EXPECT_EQ(drive.read(kFile), before + "\r\n12345678");
-}
-
 TEST_F(FileSystemTest, AReadOnlyTreeIsNeverWrittenTo)
 {
     drive.write(kFile, "uno\r\n");
@@ -181,23 +161,6 @@ TEST_F(FileSystemTest, APipeInTheFilesPlaceDoesNotHang)
     EXPECT_EQ(errorOf([&] { files.append(kFile, "x"); }), 75);
     EXPECT_EQ(errorOf([&] { files.replace(kFile, "x"); }), 75);
     EXPECT_TRUE(fs::is_fifo(drive.host(kFile)));
-}
-
-TEST_F(FileSystemTest, ProgramsThatAppendAtOnceWaitForEachOther)
-{
-    constexpr int kPrograms = 4;
-    constexpr int kEach = 15;
-    EXPECT_EQ(testing::inChild([&] {
-                  for (int i = 1; i < kPrograms && ::fork() != 0; ++i) {
-                  }
-                  for (int i = 0; i < kEach; ++i) {
-                      files.append(kFile, std::string(5000, 'x') + "\r\n");
-                  }
-                  while (::wait(nullptr) > 0) {
-                  }
-              }),
-              0);
-    EXPECT_EQ(drive.read(kFile).size(), std::size_t{kPrograms} * kEach * 5002);
 }
 
 #endif

@@ -24,7 +24,7 @@ class Dribble : public ByteSource {
     std::size_t step_;
 };
 
-/// The slow, obvious reader that judges the fast one: everything in memory, one character at a time.
+/// The slow and simple reader that the fast one is compared with: everything in memory.
 class FieldModel {
   public:
     explicit FieldModel(std::string_view text) : text_(text) {}
@@ -35,23 +35,6 @@ class FieldModel {
     [[nodiscard]] bool onlyBlankLinesLeft() const
     {
         return text_.substr(at_).find_first_not_of(" \r\n") == std::string_view::npos;
-    }
-
-    /// Passes over whole records to the byte at `to`; false when no record begins there, or no whole one.
-    bool passTo(std::size_t to)
-    {
-        for (int field = 0; at_ < to || field % 4 != 0; ++field) {
-            if (!this->field()) {
-                return false;
-            }
-        }
-        FieldModel ahead = *this;
-        for (int field = 0; field < 4; ++field) {
-            if (!ahead.field()) {
-                return false;
-            }
-        }
-        return at_ == to;
     }
 
     /// Nothing is error 62.

@@ -5,7 +5,8 @@
 namespace karvel {
 
 /// "Visualizza codice": the current sign's code and the entry count, which ends up in `FavouritePage`.
-/// A failure of the count is reported first; the view then shows the count reached.
+/// A failure of the count is reported first. The view then shows the count reached when the file ends inside
+/// an entry, and is not shown after any other failure.
 void showCode(Session& session);
 
 /// "Visualizza codice frase": the whole phrase and its number of signs.

@@ -42,6 +42,7 @@ void RecordReader::remember()
 
 bool RecordReader::next()
 {
+    end_ = fields_.position();
     std::array<std::string_view, 4> fields;
     if (!fields_.recordInWindow(fields)) {
         remember();  // the window is about to move

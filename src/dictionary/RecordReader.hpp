@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -38,6 +39,10 @@ class RecordReader {
     /// The last whole record read, also after the end; decoded. Nothing when there was none.
     [[nodiscard]] std::optional<DictionaryEntry> last() const;
 
+    /// The offset at which the record read before the last call of `next` ends. At the end of the file: where
+    /// the last record ends and only blanks and line ends follow.
+    [[nodiscard]] std::uint64_t end() const { return end_; }
+
   private:
     void remember();
 
@@ -46,6 +51,7 @@ class RecordReader {
     SkimShape shape_;
     std::string text_;                       ///< the wanted one
     std::unique_ptr<FieldSkimmer> skimmer_;  ///< none for a file that is small, or read once only
+    std::uint64_t end_ = 0;
     RawRecord record_;
     bool current_ = false;  ///< record_ points into the window
     std::optional<DictionaryEntry> kept_;

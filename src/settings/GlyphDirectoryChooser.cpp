@@ -16,7 +16,7 @@ bool isDiskette(std::string_view drive)
 
 bool isDisc(std::string_view drive)
 {
-    return drive == "d:\\" || drive == "d:";
+    return drive == GlyphDirectoryChooser::kDisc || drive == "d:";
 }
 
 }  // namespace
@@ -52,16 +52,13 @@ void GlyphDirectoryChooser::open()
     drive_ = kSystemDrive;
     directory_ = kSystemDirectory;
     directoryEnabled_ = false;
+    stopReading();
 }
 
-std::string GlyphDirectoryChooser::toBeRead(std::string_view drive)
-{
-    return isDisc(drive) ? "d:\\" : "";
-}
-
-void GlyphDirectoryChooser::driveChanged(std::string_view drive, bool readable)
+void GlyphDirectoryChooser::driveChanged(std::string_view drive)
 {
     drive_ = drive;
+    readingDisc_ = false;
     if (isDiskette(drive)) {
         ui_.ask({.title = "Messaggio",
                  .text = "E' possibile leggere i geroglifici solo da Hard disk e lettore CD",
@@ -70,22 +67,44 @@ void GlyphDirectoryChooser::driveChanged(std::string_view drive, bool readable)
     }
     candidate_ = drive_;
     if (isDisc(candidate_)) {
-        if (!readable) {
-            ui_.ask({.title = "Messaggio",
-                     .text = "Attenzione: manca il cd nel lettore\ninserirlo e ricomporre il percorso",
-                     .icon = Icon::Critical});
-            return;  // the bare drive stays proposed: the path is still to be composed
-        }
-        directory_ = "d:\\";
-        candidate_ = "d:\\Karvel\\";
-    } else if (candidate_ == "C:\\" || candidate_ == "C:") {
+        readingDisc_ = true;
+        return;
+    }
+    if (candidate_ == "C:\\" || candidate_ == "C:") {
         candidate_ = "C:\\Karvel\\";
     } else if (candidate_ == kSystemDrive) {
         candidate_ = kSystemDirectory;
         directory_ = kSystemDirectory;
     } else if (candidate_.ends_with(":\\")) {
-        directory_ = candidate_;  // any other drive: its directories can be looked through as well
+        directory_ = candidate_;  // any other drive: its directories can be chosen as well
     }
+    appendGr();
+}
+
+void GlyphDirectoryChooser::discRead(bool readable)
+{
+    readingDisc_ = false;
+    if (readable) {
+        directory_ = kDisc;
+        candidate_ = "d:\\Karvel\\";
+    } else {
+        ui_.ask({.title = "Messaggio",
+                 .text = "Attenzione: manca il cd nel lettore\ninserirlo e ricomporre il percorso",
+                 .icon = Icon::Critical});
+    }
+    appendGr();
+}
+
+void GlyphDirectoryChooser::stopReading()
+{
+    if (readingDisc_) {
+        readingDisc_ = false;
+        appendGr();
+    }
+}
+
+void GlyphDirectoryChooser::appendGr()
+{
     if (!candidate_.ends_with("\\GR")) {
         candidate_ += "GR";
     }
@@ -95,12 +114,11 @@ void GlyphDirectoryChooser::directoryChanged(std::string_view path)
 {
     directory_ = path;
     candidate_ = path;
+    readingDisc_ = false;
     if (!candidate_.ends_with('\\')) {
         candidate_ += "\\GR";
     }
-    if (!candidate_.ends_with("\\GR")) {
-        candidate_ += "GR";
-    }
+    appendGr();
 }
 
 void GlyphDirectoryChooser::editPath()

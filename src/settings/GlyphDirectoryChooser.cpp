@@ -1,5 +1,7 @@
 #include "settings/GlyphDirectoryChooser.hpp"
 
+#include <utility>
+
 #include "text/CodePage.hpp"
 #include "text/FieldWriter.hpp"
 
@@ -49,16 +51,17 @@ std::vector<std::string> GlyphDirectoryChooser::drives() const
 
 void GlyphDirectoryChooser::open()
 {
+    stopReading();
     drive_ = kSystemDrive;
     directory_ = kSystemDirectory;
     directoryEnabled_ = false;
-    stopReading();
 }
 
 void GlyphDirectoryChooser::driveChanged(std::string_view drive)
 {
-    drive_ = drive;
-    readingDisc_ = false;
+    stopReading();
+    driveBefore_ = std::exchange(drive_, drive);
+    candidateBefore_ = candidate_;
     if (isDiskette(drive)) {
         ui_.ask({.title = "Messaggio",
                  .text = "E' possibile leggere i geroglifici solo da Hard disk e lettore CD",
@@ -99,7 +102,8 @@ void GlyphDirectoryChooser::stopReading()
 {
     if (readingDisc_) {
         readingDisc_ = false;
-        appendGr();
+        drive_ = driveBefore_;
+        candidate_ = candidateBefore_;
     }
 }
 
@@ -112,9 +116,9 @@ void GlyphDirectoryChooser::appendGr()
 
 void GlyphDirectoryChooser::directoryChanged(std::string_view path)
 {
+    stopReading();
     directory_ = path;
     candidate_ = path;
-    readingDisc_ = false;
     if (!candidate_.ends_with('\\')) {
         candidate_ += "\\GR";
     }

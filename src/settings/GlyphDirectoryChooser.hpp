@@ -53,7 +53,7 @@ class GlyphDirectoryChooser {
     /// kDisc was read; `readable` is false when there is no disc, and the user is told.
     void discRead(bool readable);
 
-    /// The reading of kDisc was given up.
+    /// The reading of kDisc was given up: the drive and the candidate chosen before are in force again.
     void stopReading();
 
     /// The directory list was moved to `path`.
@@ -82,6 +82,8 @@ class GlyphDirectoryChooser {
     std::string directory_;
     bool directoryEnabled_ = false;
     bool readingDisc_ = false;
+    std::string driveBefore_;      ///< while kDisc is read
+    std::string candidateBefore_;  ///< the same
 };
 
 }  // namespace karvel

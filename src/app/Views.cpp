@@ -68,6 +68,7 @@ void showCode(Session& session)
         std::min<std::int64_t>(counted.entries, std::numeric_limits<std::int16_t>::max()));
     if (counted.failure) {
         session.ui().ask(defaultErrorReport(*counted.failure));
+        // A count that ends inside an entry is still worth showing; any other failure leaves no count.
         if (counted.failure->number() != ErrorNumber::InputPastEnd) {
             return;
         }

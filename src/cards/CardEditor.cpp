@@ -5,6 +5,7 @@
 #include "base/SignCode.hpp"
 #include "cards/CardName.hpp"
 #include "text/CodePage.hpp"
+#include "text/Compose.hpp"
 
 namespace karvel {
 
@@ -150,7 +151,7 @@ void CardEditor::create()
     if (!typed) {
         return;
     }
-    const std::string name(trimmed(*typed));
+    const std::string name = composed(trimmed(*typed));
     if (const auto refusal = cardNameRefusal(name)) {
         warn(*refusal);
         return;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/SignCode.hpp"
 #include "cards/CardName.hpp"
 #include "text/CodePage.hpp"
 #include "text/FieldWriter.hpp"
@@ -21,6 +22,18 @@ std::string linesOf(const std::vector<std::string>& fields)
         text += readableLine(field);
     }
     return text;
+}
+
+/// A sign code, written in any letter case, in small letters; any other text as it is.
+std::string asSystemWrites(const std::string& field)
+{
+    std::string code = field;
+    for (char& each : code) {
+        if (each >= 'A' && each <= 'Z') {
+            each = static_cast<char>(each - 'A' + 'a');
+        }
+    }
+    return isSignCode(code) ? code : field;
 }
 
 bool isMissing(const RuntimeError& error)
@@ -55,15 +68,23 @@ std::vector<std::string> CardFiles::fieldsOf(std::string_view path) const
     return fields;
 }
 
+std::vector<std::string> CardFiles::signsOf(std::string_view path) const
+{
+    std::vector<std::string> signs = fieldsOf(path);
+    std::erase(signs, std::string());
+    std::ranges::transform(signs, signs.begin(), asSystemWrites);
+    return signs;
+}
+
 std::vector<std::string> CardFiles::read(std::string_view name) const
 {
-    return fieldsOf(path(name));
+    return signsOf(path(name));
 }
 
 std::vector<std::string> CardFiles::readFirst() const
 {
     try {
-        return fieldsOf(kFirstCardPath);
+        return signsOf(kFirstCardPath);
     } catch (const RuntimeError& error) {
         if (!isMissing(error)) {
             throw;

@@ -35,7 +35,8 @@ class CardFiles {
 
     [[nodiscard]] bool exists(std::string_view name) const { return files_.exists(path(name)); }
 
-    /// All fields of the card in the file's order, those included that are no codes.
+    /// The non-empty fields of the card in the file's order, also those that are no codes. Codes are in small
+    /// letters, as everywhere in the system, whatever the file holds.
     [[nodiscard]] std::vector<std::string> read(std::string_view name) const;
 
     /// The fields of the card that the window opens with; none when its file is missing.
@@ -73,6 +74,7 @@ class CardFiles {
     void forget(std::string_view name) const;
 
   private:
+    [[nodiscard]] std::vector<std::string> signsOf(std::string_view path) const;
     [[nodiscard]] std::vector<std::string> fieldsOf(std::string_view path) const;
 
     const FileSystem& files_;

@@ -42,6 +42,10 @@ void Palette::loadKey(std::size_t row, char letter, std::size_t key, bool mustLo
 
 void Palette::loadFirstPage()
 {
+    // All codes come first: a missing picture ends the loading, and must not take the later keys' signs away.
+    for (std::size_t key = 0; key < kKeys; ++key) {
+        table_[1][key] = signCode(1, key);
+    }
     for (std::size_t key = 0; key < kKeys; ++key) {
         loadKey(1, 'a', key, true);
     }

@@ -25,6 +25,7 @@ bool RecordReader::next()
         nextScan_ = fields_.position() + found.read;
         fields_.skipBytes(found.skip);
     }
+    end_ = fields_.position();
     std::array<std::string_view, kRecordFields> fields;
     if (!fields_.quotedFieldsInWindow(fields)) {
         if (current_) {

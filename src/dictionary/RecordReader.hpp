@@ -32,11 +32,16 @@ class RecordReader {
     /// The last whole record read, also after the end; decoded. Nothing when there was none.
     [[nodiscard]] std::optional<DictionaryEntry> last() const;
 
+    /// The offset at which the record read before the last call of `next` ends. At the end of the file: where
+    /// the last record ends and only blanks and line ends follow.
+    [[nodiscard]] std::uint64_t end() const { return end_; }
+
   private:
     std::unique_ptr<ByteSource> source_;
     FieldReader fields_;
     std::optional<RecordFilter> filter_;
     std::uint64_t nextScan_ = 0;  ///< offset in the file before which `filter_` has nothing to skip
+    std::uint64_t end_ = 0;
     RawRecord record_;
     bool current_ = false;                 ///< record_ points into the window
     std::optional<DictionaryEntry> kept_;  ///< the last record, when it is no longer in the window

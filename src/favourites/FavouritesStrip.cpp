@@ -48,6 +48,12 @@ FavouritesStrip::FavouritesStrip(const FileSystem& files, UserInterface& ui, con
 {
 }
 
+bool FavouritesStrip::empty() const
+{
+    return std::all_of(favourites_.begin(), favourites_.begin() + kButtons,
+                       [](const std::string& slot) { return slot.empty(); });
+}
+
 void FavouritesStrip::insertCurrent()
 {
     const std::string& sign = palette_.CurrentSignCode();

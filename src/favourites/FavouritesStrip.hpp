@@ -36,6 +36,8 @@ class FavouritesStrip {
 
     [[nodiscard]] const std::array<std::string, kSlots>& Favourites() const { return favourites_; }
     [[nodiscard]] const std::array<Key, kButtons>& buttons() const { return buttons_; }
+    /// Whether slots 0 to 7 hold nothing; a hidden strip need not be empty.
+    [[nodiscard]] bool empty() const;
     [[nodiscard]] std::int16_t SelectedFavourite() const { return selected_; }
     [[nodiscard]] std::int16_t FavouriteCount() const { return count_; }
     [[nodiscard]] std::uint8_t LastFavouritePressed() const { return lastPressed_; }

@@ -1,6 +1,5 @@
 #include "files/FileSystem.hpp"
 
-#include <algorithm>
 #include <system_error>
 
 #include "files/HostFile.hpp"
@@ -43,28 +42,18 @@ void rewriteInPlace(const fs::path& path, std::string_view bytes)
     }
 }
 
-/// The blanks and line ends behind the first line end that ends the file's last line with anything in it;
-/// all of them when the file holds nothing else.
-std::string blankTail(HostFile& file)
+/// The bytes from `offset` to the end of the file when all are blanks and line ends, else nothing.
+std::string blanksFrom(HostFile& file, std::uint64_t offset)
 {
-    std::string tail;  // back to front
-    std::uint64_t at = file.size();
-    for (; at > 0; --at) {
-        const char byte = file.byteAt(at - 1);
+    std::string blanks;
+    for (std::uint64_t at = offset; at < file.size(); ++at) {
+        const char byte = file.byteAt(at);
         if (byte != ' ' && byte != '\r' && byte != '\n') {
-            break;
+            return {};
         }
-        tail.push_back(byte);
+        blanks.push_back(byte);
     }
-    std::reverse(tail.begin(), tail.end());
-    if (at == 0) {
-        return tail;
-    }
-    const std::size_t lineEnd = tail.find_first_of("\r\n");
-    if (lineEnd == std::string::npos) {
-        return {};
-    }
-    return tail.substr(lineEnd + (tail.compare(lineEnd, 2, "\r\n") == 0 ? 2 : 1));
+    return blanks;
 }
 
 }  // namespace
@@ -141,17 +130,19 @@ void FileSystem::replace(std::string_view path, std::string_view bytes, Durabili
     }
 }
 
-void FileSystem::append(std::string_view path, std::string_view bytes, BlankTail tail) const
+void FileSystem::append(std::string_view path, std::string_view bytes,
+                        std::optional<std::uint64_t> recordsEnd) const
 {
     HostFile file(drives_.toHost(path), HostFile::Mode::Append);
     file.lock();
     const std::uint64_t size = file.size();
-    const std::string overwritten = tail == BlankTail::WriteOver ? blankTail(file) : std::string();
+    const std::string overwritten = recordsEnd ? blanksFrom(file, *recordsEnd) : std::string();
     const std::uint64_t end = size - overwritten.size();
     std::string written(bytes);
     if (end > 0) {
         const char last = file.byteAt(end - 1);
-        if (last != '\n' && last != '\r') {
+        const bool commaEnds = last == ',' && end == recordsEnd;  // a line end would be one more field
+        if (last != '\n' && last != '\r' && !commaEnds) {
             written.insert(0, "\r\n");
         }
     }

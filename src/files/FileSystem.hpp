@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,10 +14,6 @@ namespace karvel {
 
 /// Whether a replaced file must survive a power cut, or only the end of the program.
 enum class Durability { Disk, Process };
-
-/// What an append does with blank lines at the end of the file. In a file of records they are no record
-/// there, but would be read as empty fields once something follows them.
-enum class BlankTail { Keep, WriteOver };
 
 /// What changes when a file is written: its size in bytes and the time of the last writing, in ticks of the
 /// host's clock.
@@ -55,7 +52,11 @@ class FileSystem {
     /// Adds `bytes` at the end of `path` in one write, created when missing; a line end first where the file
     /// lacks its last one. Other programs that append the same way wait for each other. On failure the file
     /// is as it was.
-    void append(std::string_view path, std::string_view bytes, BlankTail tail = BlankTail::Keep) const;
+    ///
+    /// `recordsEnd` is the offset at which the last record of a file of records ends. Blanks and line ends
+    /// after it are overwritten: they would be read as empty fields once a record follows them.
+    void append(std::string_view path, std::string_view bytes,
+                std::optional<std::uint64_t> recordsEnd = std::nullopt) const;
 
     /// Deletes `path`.
     void remove(std::string_view path) const;

@@ -63,6 +63,11 @@ class PrintPage {
 
     /// Where cell `cell` lies on a page `width` wide; on a narrow one the whole row is smaller.
     [[nodiscard]] SheetBox cellBox(std::size_t cell, int width) const;
+    /// Whether the text begins on a page `height` high; otherwise it begins at the top of the next one.
+    [[nodiscard]] bool textBeginsHere(int height) const
+    {
+        return labelTop_ + kLabelInset + kFontHeight <= height;
+    }
     /// Where the text begins and is wrapped, down to the end of a page `height` high.
     [[nodiscard]] SheetBox textBox(int width, int height) const;
 

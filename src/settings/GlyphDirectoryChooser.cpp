@@ -1,5 +1,7 @@
 #include "settings/GlyphDirectoryChooser.hpp"
 
+#include <utility>
+
 #include "text/CodePage.hpp"
 #include "text/FieldWriter.hpp"
 
@@ -16,7 +18,7 @@ bool isDiskette(std::string_view drive)
 
 bool isDisc(std::string_view drive)
 {
-    return drive == "d:\\" || drive == "d:";
+    return drive == GlyphDirectoryChooser::kDisc || drive == "d:";
 }
 
 }  // namespace
@@ -49,19 +51,17 @@ std::vector<std::string> GlyphDirectoryChooser::drives() const
 
 void GlyphDirectoryChooser::open()
 {
+    stopReading();
     drive_ = kSystemDrive;
     directory_ = kSystemDirectory;
     directoryEnabled_ = false;
 }
 
-std::string GlyphDirectoryChooser::toBeRead(std::string_view drive)
+void GlyphDirectoryChooser::driveChanged(std::string_view drive)
 {
-    return isDisc(drive) ? "d:\\" : "";
-}
-
-void GlyphDirectoryChooser::driveChanged(std::string_view drive, bool readable)
-{
-    drive_ = drive;
+    stopReading();
+    driveBefore_ = std::exchange(drive_, drive);
+    candidateBefore_ = candidate_;
     if (isDiskette(drive)) {
         ui_.ask({.title = "Messaggio",
                  .text = "E' possibile leggere i geroglifici solo da Hard disk e lettore CD",
@@ -70,22 +70,45 @@ void GlyphDirectoryChooser::driveChanged(std::string_view drive, bool readable)
     }
     candidate_ = drive_;
     if (isDisc(candidate_)) {
-        if (!readable) {
-            ui_.ask({.title = "Messaggio",
-                     .text = "Attenzione: manca il cd nel lettore\ninserirlo e ricomporre il percorso",
-                     .icon = Icon::Critical});
-            return;  // the bare drive stays proposed: the path is still to be composed
-        }
-        directory_ = "d:\\";
-        candidate_ = "d:\\Karvel\\";
-    } else if (candidate_ == "C:\\" || candidate_ == "C:") {
+        readingDisc_ = true;
+        return;
+    }
+    if (candidate_ == "C:\\" || candidate_ == "C:") {
         candidate_ = "C:\\Karvel\\";
     } else if (candidate_ == kSystemDrive) {
         candidate_ = kSystemDirectory;
         directory_ = kSystemDirectory;
     } else if (candidate_.ends_with(":\\")) {
-        directory_ = candidate_;  // any other drive: its directories can be looked through as well
+        directory_ = candidate_;  // any other drive: its directories can be chosen as well
     }
+    appendGr();
+}
+
+void GlyphDirectoryChooser::discRead(bool readable)
+{
+    readingDisc_ = false;
+    if (readable) {
+        directory_ = kDisc;
+        candidate_ = "d:\\Karvel\\";
+    } else {
+        ui_.ask({.title = "Messaggio",
+                 .text = "Attenzione: manca il cd nel lettore\ninserirlo e ricomporre il percorso",
+                 .icon = Icon::Critical});
+    }
+    appendGr();
+}
+
+void GlyphDirectoryChooser::stopReading()
+{
+    if (readingDisc_) {
+        readingDisc_ = false;
+        drive_ = driveBefore_;
+        candidate_ = candidateBefore_;
+    }
+}
+
+void GlyphDirectoryChooser::appendGr()
+{
     if (!candidate_.ends_with("\\GR")) {
         candidate_ += "GR";
     }
@@ -93,14 +116,13 @@ void GlyphDirectoryChooser::driveChanged(std::string_view drive, bool readable)
 
 void GlyphDirectoryChooser::directoryChanged(std::string_view path)
 {
+    stopReading();
     directory_ = path;
     candidate_ = path;
     if (!candidate_.ends_with('\\')) {
         candidate_ += "\\GR";
     }
-    if (!candidate_.ends_with("\\GR")) {
-        candidate_ += "GR";
-    }
+    appendGr();
 }
 
 void GlyphDirectoryChooser::editPath()

@@ -21,6 +21,9 @@ class GlyphDirectoryChooser {
     /// The entry of the system drive in the drive list.
     static constexpr std::string_view kSystemDrive = "C: [HARDDISK]";
 
+    /// The root of the drive that may be without a disc.
+    static constexpr std::string_view kDisc = "d:\\";
+
     /// All must outlive the chooser.
     GlyphDirectoryChooser(const FileSystem& files, UserInterface& ui, SignImages& images, Palette& palette,
                           DisplayLine& display);
@@ -39,13 +42,19 @@ class GlyphDirectoryChooser {
     /// The window was opened.
     void open();
 
-    /// The directory that must be read before `driveChanged(drive, ...)` can tell whether there is a disc;
-    /// empty where the drive is taken without looking.
-    [[nodiscard]] static std::string toBeRead(std::string_view drive);
+    /// `drive`, an entry of the drive list, was chosen. The comparisons are exact, letter case included.
+    /// Drive d: has to be read first, because it may be without a disc: `readingDisc` is then true, the
+    /// candidate is the bare drive, and `discRead` or `stopReading` completes it.
+    void driveChanged(std::string_view drive);
 
-    /// `drive`, an entry of the drive list, was chosen. `readable` says whether `toBeRead` could be read.
-    /// The comparisons are exact, letter case included.
-    void driveChanged(std::string_view drive, bool readable);
+    /// Whether kDisc is being read; until that ends, the candidate must not be taken over or edited.
+    [[nodiscard]] bool readingDisc() const { return readingDisc_; }
+
+    /// kDisc was read; `readable` is false when there is no disc, and the user is told.
+    void discRead(bool readable);
+
+    /// The reading of kDisc was given up: the drive and the candidate chosen before are in force again.
+    void stopReading();
 
     /// The directory list was moved to `path`.
     void directoryChanged(std::string_view path);
@@ -59,6 +68,7 @@ class GlyphDirectoryChooser {
     bool confirm();
 
   private:
+    void appendGr();
     bool refuseUnwritable();
 
     const FileSystem& files_;
@@ -71,6 +81,9 @@ class GlyphDirectoryChooser {
     std::string drive_{kSystemDrive};
     std::string directory_;
     bool directoryEnabled_ = false;
+    bool readingDisc_ = false;
+    std::string driveBefore_;      ///< while kDisc is read
+    std::string candidateBefore_;  ///< the same
 };
 
 }  // namespace karvel

@@ -256,6 +256,9 @@ void FieldReader::fields(std::span<std::string_view> fields)
 std::int64_t FieldReader::wholeNumber(std::int64_t lowest, std::int64_t highest)
 {
     std::string_view text = field();
+    // Blanks inside quotes do not change a number.
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    text = text.substr(0, text.find_last_not_of(' ') + 1);
     if (text.starts_with('+') && !text.starts_with("+-")) {
         text.remove_prefix(1);
     }

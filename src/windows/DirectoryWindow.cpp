@@ -81,12 +81,12 @@ void Sysform::build()
         connect(made, &QPushButton::clicked, this, handler);
         return made;
     };
-    QPushButton* const edit = button("Command2", QStringLiteral("Modifica percorso"), [this] {
+    command2_ = button("Command2", QStringLiteral("Modifica percorso"), [this] {
         desktop_.handle([this] { chooser_.editPath(); });
         readDirectory();
     });
-    QPushButton* const take = button("Command1", QStringLiteral("Conferma"), [this] { confirm(); });
-    take->setDefault(true);
+    command1_ = button("Command1", QStringLiteral("Conferma"), [this] { confirm(); });
+    command1_->setDefault(true);
     QPushButton* const leave = button("Command3", QStringLiteral("Annulla"), [this] { close(); });
 
     auto* const form = new QFormLayout;
@@ -96,9 +96,9 @@ void Sysform::build()
     form->addRow(QStringLiteral("Proposta:"), label2_);
     form->addRow(QStringLiteral("&Unità:"), drive1_);
     auto* const buttons = new QHBoxLayout;
-    buttons->addWidget(edit);
+    buttons->addWidget(command2_);
     buttons->addStretch(1);
-    buttons->addWidget(take);
+    buttons->addWidget(command1_);
     buttons->addWidget(leave);
 
     auto* const column = new QVBoxLayout(this);
@@ -136,6 +136,7 @@ QWidget* Sysform::readingLine()
     stop->setAutoDefault(false);
     connect(stop, &QPushButton::clicked, this, [this] {
         reader_->abandon();
+        chooser_.stopReading();
         showState();
     });
     auto* const row = new QHBoxLayout(readingLine_);
@@ -152,6 +153,8 @@ void Sysform::showState()
     inUse_->setText(qtext(desktop_.session().images().GlyphDirectory()));
     label2_->setText(qtext(chooser_.DirectoryCandidate()));
     dir1_->setEnabled(chooser_.directoryEnabled());
+    command1_->setEnabled(!chooser_.readingDisc());
+    command2_->setEnabled(!chooser_.readingDisc());
     drive1_->setCurrentIndex(drive1_->findText(qtext(chooser_.drive())));
 }
 
@@ -167,17 +170,15 @@ void Sysform::showReading()
 
 void Sysform::driveChosen(const QString& entry)
 {
-    const std::string drive = utf8(entry);
-    const std::string wanted = GlyphDirectoryChooser::toBeRead(drive);
-    if (wanted.empty()) {
-        desktop_.handle([&] { chooser_.driveChanged(drive, true); });
+    desktop_.handle([&] { chooser_.driveChanged(utf8(entry)); });
+    if (!chooser_.readingDisc()) {
         readDirectory();
         return;
     }
     readingNote_->setText(QStringLiteral("Lettura di %1 …").arg(entry));
-    reader_->read(desktop_.session().files().drives(), wanted,
-                  [this, drive](const DirectoryListing& listing) {
-                      desktop_.handle([&] { chooser_.driveChanged(drive, listing.readable); });
+    reader_->read(desktop_.session().files().drives(), std::string(GlyphDirectoryChooser::kDisc),
+                  [this](const DirectoryListing& listing) {
+                      desktop_.handle([&] { chooser_.discRead(listing.readable); });
                       if (listing.readable) {
                           dir1_->show(listing);
                           note_->hide();

@@ -36,6 +36,8 @@ class Sysform : public QDialog {
     DirectoryReader* reader_;
     QComboBox* drive1_;
     DirectoryList* dir1_;
+    QPushButton* command1_ = nullptr;
+    QPushButton* command2_ = nullptr;
     QLabel* label2_;
     QLabel* inUse_;
     QLabel* note_;

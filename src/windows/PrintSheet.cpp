@@ -129,12 +129,15 @@ void form7::print(QPrinter& printer) const
     begin(painter, printer);
     paintRow(painter, width, page_.rowTop());
     if (page_.labelVisible()) {
-        SheetBox box = page_.textBox(width, height);
-        for (auto line = paintText(painter, box); line; line = paintText(painter, box, *line)) {
+        const SheetBox wholePage{.left = 0, .top = 0, .width = width, .height = height};
+        std::optional<std::size_t> line = 0;
+        if (page_.textBeginsHere(height)) {
+            line = paintText(painter, page_.textBox(width, height));
+        }
+        for (; line; line = paintText(painter, wholePage, *line)) {
             if (!printer.newPage()) {
                 throw RuntimeError(ErrorNumber::DeviceIo);
             }
-            box = {.left = 0, .top = 0, .width = width, .height = height};
         }
     }
     if (!painter.end() || printer.printerState() == QPrinter::Error) {

@@ -1,14 +1,15 @@
 #include "words/DictionaryInsertion.hpp"
 
-#include <algorithm>
 #include <chrono>
 #include <initializer_list>
 #include <thread>
 #include <utility>
 
+#include "base/SignCode.hpp"
 #include "dictionary/RecordReader.hpp"
 #include "dictionary/TranslationLookup.hpp"
 #include "text/CodePage.hpp"
+#include "text/Compose.hpp"
 #include "text/FieldWriter.hpp"
 
 namespace karvel {
@@ -18,6 +19,25 @@ namespace {
 MessageBox nothingComposedBox()
 {
     return {.title = "ERRORE", .text = "NON HAI SCRITTO NULLA !", .icon = Icon::Question};
+}
+
+MessageBox missingSignBox()
+{
+    return {.title = "ATTENZIONE",
+            .text =
+                "La frase contiene il segno mancante: sostituirlo con un segno prima di inserirla nel "
+                "dizionario.",
+            .icon = Icon::Critical};
+}
+
+bool holdsMissingSign(std::string_view codes)
+{
+    for (const std::string_view code : splitCodes(codes)) {
+        if (code == kMissingSign) {
+            return true;
+        }
+    }
+    return false;
 }
 
 MessageBox quotesBox()
@@ -86,12 +106,20 @@ bool DictionaryInsertion::refuses(std::string_view codes, const Texts& texts)
         return true;
     }
     // The display may have been emptied since the dialog was opened; an entry without signs helps nobody.
-    return !mayOpen(codes);
+    if (!mayOpen(codes)) {
+        return true;
+    }
+    if (holdsMissingSign(codes)) {
+        ui_.ask(missingSignBox());
+        return true;
+    }
+    return false;
 }
 
-/// Whether some record has just these signs. Another program may be adding an entry, of which only the
-/// beginning has reached the file: a file that is cut and grows is read again.
-bool DictionaryInsertion::known(std::string_view codes)
+/// The offset at which the last record ends; nothing when some record has exactly these signs. Another
+/// program may be adding an entry of which only the first bytes are in the file: a file that ends inside a
+/// record and grows is read again.
+std::optional<std::uint64_t> DictionaryInsertion::endUnlessKnown(std::string_view codes)
 {
     constexpr int kAttempts = 4;
     for (int attempt = 1;; ++attempt) {
@@ -106,7 +134,7 @@ bool DictionaryInsertion::known(std::string_view codes)
     }
 }
 
-/// Whether somebody writes to the dictionary just now.
+/// Whether another program is writing to the dictionary now.
 bool DictionaryInsertion::growsFrom(std::uint64_t size) const
 {
     constexpr std::chrono::milliseconds kPause(10);
@@ -119,7 +147,7 @@ bool DictionaryInsertion::growsFrom(std::uint64_t size) const
     return false;
 }
 
-bool DictionaryInsertion::lookThrough(std::string_view codes)
+std::optional<std::uint64_t> DictionaryInsertion::lookThrough(std::string_view codes)
 {
     const BusyPointer hourglass(ui_);
     RecordReader reader(openDictionary(files_, ui_));
@@ -138,26 +166,27 @@ bool DictionaryInsertion::lookThrough(std::string_view codes)
         throw;
     }
     rememberNote();
-    return found;
+    return found ? std::nullopt : std::optional(reader.end());
 }
 
 DictionaryInsertion::End DictionaryInsertion::confirm(std::string_view codes, Texts texts)
 {
     for (std::string* const text : {&texts.translation, &texts.transliteration, &texts.note}) {
-        *text = onOneLine(*text);
+        *text = onOneLine(composed(*text));
     }
     if (refuses(codes, texts)) {
         return End::Refused;
     }
     try {
-        if (known(encode(codes))) {
+        const std::optional<std::uint64_t> end = endUnlessKnown(encode(codes));
+        if (!end) {
             ui_.ask({.title = "ERRORE", .text = "Questa parola esiste già !"});
             return End::Duplicate;
         }
         files_.append(kDictionaryPath,
                       quotedLine(codes) + quotedLine(texts.translation) + quotedLine(texts.transliteration) +
                           quotedLine(texts.note),
-                      BlankTail::WriteOver);
+                      end);
     } catch (const RuntimeError& error) {
         ui_.ask(dictionaryErrorBox(error));
         return End::Failed;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -44,8 +45,8 @@ class DictionaryInsertion {
 
   private:
     bool refuses(std::string_view codes, const Texts& texts);
-    bool known(std::string_view codes);
-    bool lookThrough(std::string_view codes);
+    std::optional<std::uint64_t> endUnlessKnown(std::string_view codes);
+    std::optional<std::uint64_t> lookThrough(std::string_view codes);
     [[nodiscard]] bool growsFrom(std::uint64_t size) const;
 
     const FileSystem& files_;

@@ -6,6 +6,7 @@
 
 #include "dictionary/TranslationLookup.hpp"
 #include "text/CodePage.hpp"
+#include "text/Compose.hpp"
 
 namespace karvel {
 
@@ -55,7 +56,7 @@ std::vector<std::string> listOf(const ListedWords& words)
 }  // namespace
 
 ItalianWord::ItalianWord(std::string_view word, Match match)
-    : match_(match), bytes_(encode(word)), writable_(unencodable(word).empty())
+    : match_(match), bytes_(encode(composed(word))), writable_(unencodable(composed(word)).empty())
 {
     if (match_ == Match::Contains) {
         bytes_ = upperCaseBytes(bytes_);

@@ -1,6 +1,7 @@
 #include "words/NameTranscription.hpp"
 
 #include "text/CodePage.hpp"
+#include "text/Compose.hpp"
 
 namespace karvel {
 
@@ -34,7 +35,7 @@ constexpr std::array<Group, 8> kGroups = {{{"SCI", "h15", 2},
 
 std::string transcribe(std::string_view name)
 {
-    const std::string upper = upperCase(name);
+    const std::string upper = upperCase(composed(name));
     std::string codes;
     for (std::string_view rest = upper; !rest.empty();) {
         std::size_t consumed = 0;

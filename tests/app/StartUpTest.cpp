@@ -49,7 +49,7 @@ struct Program {
 TEST(StartUp, OnAWholeTreePutsEverythingInPlace)
 {
     Program program;
-    program.drive.write(kSettings + "coloreD.prf", " 255\r\n");
+    program.drive.write(kSettings + "coloreD.prf", "\" 255 \"\r\n");
     program.drive.write(kSettings + "coloreF.prf", " 65280\r\n");
     program.drive.write(kSettings + "conf2.cfg", "\"D:\\segni, miei\"\r\n");
     EXPECT_EQ(program.start(), "ready");
@@ -107,6 +107,7 @@ TEST(StartUp, ReportsMissingSignsOnceAndGoesOn)
     EXPECT_EQ(one.start(), "ready");
     EXPECT_EQ(one.session.palette().picture(18), "C:\\Programmi\\Karvel\\GR\\a19.gif");
     EXPECT_EQ(one.session.palette().picture(20), "");
+    EXPECT_EQ(one.session.palette().codeOf(52), "a53");  // its key works without a picture
     EXPECT_TRUE(one.session.display().cells()[0].border);
     one.session.palette().changed(1);  // every later load passes over them in silence
     EXPECT_EQ(one.session.palette().picture(20), "C:\\Programmi\\Karvel\\GR\\a21.gif");

@@ -78,7 +78,7 @@ TEST_F(CardFilesTest, ReadsWhateverSomebodyHasWritten)
         std::string withoutA01;
     } kCases[] = {
         {"a01\r\ne16\r\na01\r\n", {"a01", "e16", "a01"}, "e16\r\n"},
-        {"\"a01\",\"x,y\"\n", {"a01", "x,y"}, "\"x,y\"\r\n"},
+        {"\"A01\",\"x,y\"\n\r\nE16", {"a01", "x,y", "e16"}, "\"x,y\"\r\ne16\r\n"},
         {"a01\r\nnessun codice\r\n", {"a01", "nessun codice"}, "nessun codice\r\n"},
         {"", {}, ""},
     };

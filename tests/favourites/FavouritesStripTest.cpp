@@ -165,8 +165,10 @@ TEST_F(Favourites, MarkMovesOverVisibleButtonsAndWandersAfterADeletion)
 
 TEST_F(Favourites, HidingKeepsTheSlots)
 {
+    EXPECT_TRUE(strip.empty());
     fill("a01a02");
     strip.hide();
+    EXPECT_FALSE(strip.empty());
     EXPECT_EQ(shown(), "- - - - - - - -");
     session.palette().press(2);
     strip.insertCurrent();

@@ -79,6 +79,8 @@ TEST_F(Print, AsksBeforePrintingWithoutTheTextThatIsWanted)
     EXPECT_TRUE(window_.startPrint({.translation = "", .note = "plurale", .foundCodes = ""}, ui_));
     EXPECT_EQ(page_.text(), "\n\nplurale");  // a note alone is text too
     EXPECT_EQ(page_.cellBox(1, 8391).top, 1200);
+    EXPECT_FALSE(page_.textBeginsHere(2200));  // on the next page: no line has room on this one
+    EXPECT_TRUE(page_.textBeginsHere(2300));
     EXPECT_EQ(page_.textBox(8391, 14000).top, 1200 + 300 + PrintPage::kLabelInset);
 }
 

@@ -39,7 +39,7 @@ TEST_F(Chooser, ComposesTheCandidateOfADrive)
         {"C:\\", "C:\\Karvel\\GR", from, "C:\\"},
         {"d:\\", "d:\\Karvel\\GR", "d:\\", "d:\\"},
         {"d:", "d:\\Karvel\\GR", "d:\\", "d:"},
-        {"d:\\", "d:\\", from, "d:\\", &kNoDisc, false},
+        {"d:\\", "d:\\GR", from, "d:\\", &kNoDisc, false},
         {"D:\\", "D:\\GR", "D:\\", "D:\\"},  // the comparisons are exact
         {"e:\\", "e:\\GR", "e:\\", "e:\\"},
         {"e:\\GR", "e:\\GR", from, "e:\\GR"},
@@ -51,7 +51,12 @@ TEST_F(Chooser, ComposesTheCandidateOfADrive)
         if (box != nullptr) {
             ui_.expect(*box);
         }
-        chooser_.driveChanged(drive, readable);
+        chooser_.driveChanged(drive);
+        if (chooser_.readingDisc()) {
+            EXPECT_EQ(chooser_.DirectoryCandidate(), drive);  // shown while the drive is read
+            chooser_.discRead(readable);
+            EXPECT_FALSE(chooser_.readingDisc());
+        }
         EXPECT_EQ(chooser_.DirectoryCandidate(), candidate) << drive;
         EXPECT_EQ(chooser_.directory(), directory) << drive;
         EXPECT_EQ(chooser_.drive(), shown) << drive;

@@ -60,6 +60,11 @@ TEST_F(Insertion, RefusesInTheOrderOfTheFieldsAndWritesNothing)
                              .icon = Icon::Critical};
     const MessageBox nothingComposed{
         .title = "ERRORE", .text = "NON HAI SCRITTO NULLA !", .icon = Icon::Question};
+    const MessageBox missingSign{.title = "ATTENZIONE",
+                                 .text =
+                                     "La frase contiene il segno mancante: sostituirlo con un segno "
+                                     "prima di inserirla nel dizionario.",
+                                 .icon = Icon::Critical};
     const struct {
         std::string dictionary, codes;
         DictionaryInsertion::Texts texts;
@@ -73,6 +78,7 @@ TEST_F(Insertion, RefusesInTheOrderOfTheFieldsAndWritesNothing)
         {old, "a\"2", {"casa", "", ""}, quotes},
         {old, "b02", {"casa ☺", "ꜣ", "☺"}, lacking},
         {old, "", {"casa", "", ""}, nothingComposed},  // emptied while the dialog was open
+        {old, "b02p47", {"casa", "", ""}, missingSign},
         {cut, "a01", {"casa", "", ""}, failureBox("62\nInput oltre la fine del file"), End::Failed},
         {"(none)", "a01", {"casa", "", ""}, failureBox("53\nFile non trovato"), End::Failed},
         {old,
@@ -107,10 +113,14 @@ TEST_F(Insertion, AppendsFourQuotedLinesThatTheNextReadingFinds)
         {old + " \r\n\n  \r\n   ", old},  // blank lines would shift the fields of what follows
         {old + std::string(500, '\n'), old},
         {" \r\n\r\n", ""},
+        // A line end after a comma would be a field of its own, unless the comma comes before the last field.
+        {"\"c03\",\"tre\",\"\",\"\",", "\"c03\",\"tre\",\"\",\"\","},
+        {"\"c03\",\"tre\",\"\",\"\",  \r\n \r\n", "\"c03\",\"tre\",\"\",\"\","},
+        {"\"c03\",\"tre\",\"\",\r\n\r\n", "\"c03\",\"tre\",\"\",\r\n"},
     };
     for (const auto& [before, kept] : kCases) {
         drive_.write(kDictionaryPath, before);
-        EXPECT_EQ(End::Written, add("a01", {"  La città,\r\nl'Àncora ", "", "*foto\n\u20281"}));
+        EXPECT_EQ(End::Written, add("a01", {"  La citta\u0300,\r\nl'Àncora ", "", "*foto\n\u20281"}));
         EXPECT_EQ(kept + "\"a01\"\r\n\"  La citt\xE0, l'\xC0ncora \"\r\n\"\"\r\n\"*foto  1\"\r\n",
                   drive_.read(kDictionaryPath));
         EXPECT_EQ((DictionaryEntry{"a01", "  La città, l'Àncora ", "", "*foto  1"}), entries().back());

@@ -139,15 +139,13 @@ Form1::Menu Form1::favouritesMenu()
 void Form1::showFavourites()
 {
     const FavouritesStrip& favourites = desktop_.session().favourites();
-    bool any = false;
     for (std::size_t i = 0; i < cmd_.size(); ++i) {
         const FavouritesStrip::Key& key = favourites.buttons()[i];
         cmd_[i]->setSign(key.picture, signOfImage(key.picture), true);
         cmd_[i]->setText(qtext(key.caption));
         cmd_[i]->setVisible(key.visible);
-        any = any || key.visible;
     }
-    noFavourites_->setVisible(!any);
+    noFavourites_->setVisible(favourites.empty());
     for (QToolButton* const key : panel_) {
         key->setVisible(favourites.panelVisible());
     }

@@ -19,6 +19,8 @@ std::span<const Command> commands()
         Command{"trova", "[--italiano|--traslitterazione|--segni] [--grafie] [--dizionario FILE] TESTO",
                 "cerca un testo, una parola per riga, le migliori prima; --grafie: tutte le grafie",
                 findWords},
+        Command{"leggi", "[--gardiner] CODICI | [--gardiner] --file FILE",
+                "legge un brano parola per parola; FILE: un brano per riga", readPassage},
         Command{"nome", "NOME", "trascrive un nome in codici di segni", transcribeName},
         Command{"aggiungi", "[--gardiner] CODICI TRADUZIONE [TRASLITTERAZIONE [NOTA]]",
                 "aggiunge una voce in fondo al dizionario", addEntry},

@@ -57,6 +57,7 @@ Exit search(const Arguments& arguments);
 Exit splitPhrase(const FileSystem& files, std::string_view path, std::string_view phrase);
 Exit findWords(const Arguments& arguments);
 Exit searchItalian(const Arguments& arguments);
+Exit readPassage(const Arguments& arguments);
 Exit transcribeName(const Arguments& arguments);
 Exit addEntry(const Arguments& arguments);
 Exit verifyFile(const Arguments& arguments);

@@ -1,0 +1,263 @@
+#include "reading/Lexicon.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace karvel {
+
+namespace {
+
+constexpr std::size_t kLongest = 20;  ///< longer spellings are too few to be worth the time
+
+/// A word with n spellings, seen t times, is written in a new way with probability (kNewEach n + kNewOnce) /
+/// (t + kNewAll).
+constexpr float kNewEach = 0.5F;
+constexpr float kNewOnce = 0.5F;
+constexpr float kNewAll = 1.5F;
+constexpr float kNear = 0.5F;       ///< of the new ways so many differ by one sign from a known one
+constexpr float kAnySign = 0.1F;    ///< of the changes so many are spread over all signs
+constexpr float kUncounted = 0.5F;  ///< added to the count of a word when candidates are compared
+constexpr std::size_t kKept = 8;    ///< candidates for a run of signs
+
+constexpr std::uint64_t kBase = 0x9E3779B97F4A7C15U;
+
+std::uint64_t extended(std::uint64_t hash, char16_t sign)
+{
+    return hash * kBase + sign + 1;
+}
+
+std::uint64_t hashOf(SignsView signs)
+{
+    std::uint64_t hash = 0;
+    for (const char16_t sign : signs) {
+        hash = extended(hash, sign);
+    }
+    return hash;
+}
+
+/// The hashes of `signs`, at most kLongest of them, with one taken out, each in constant time.
+class HashesWithout {
+  public:
+    explicit HashesWithout(SignsView signs)
+    {
+        std::uint64_t hash = 0;
+        for (std::size_t i = 0; i < signs.size(); ++i) {
+            before_[i] = hash;
+            hash = extended(hash, signs[i]);
+        }
+        hash = 0;
+        std::uint64_t power = 1;
+        for (std::size_t i = signs.size(); i-- > 0;) {
+            power_[i] = power;
+            after_[i] = hash;
+            hash += (signs[i] + std::uint64_t{1}) * power;
+            power *= kBase;
+        }
+    }
+
+    [[nodiscard]] std::uint64_t operator[](std::size_t i) const { return before_[i] * power_[i] + after_[i]; }
+
+  private:
+    std::array<std::uint64_t, kLongest> before_{};
+    std::array<std::uint64_t, kLongest> after_{};
+    std::array<std::uint64_t, kLongest> power_{};
+};
+
+std::vector<float> editScores(const ReadingModel& model)
+{
+    std::vector<float> scores(kEdits * kSignNumbers);
+    std::array<float, kEdits> totals{};
+    float all = 1;
+    for (const auto& [edit, sign, count] : model.edits) {
+        const auto kind = static_cast<std::size_t>(edit);
+        scores[kind * kSignNumbers + sign] += count;
+        totals[kind] += count;
+        all += count;
+    }
+    for (std::size_t i = 0; i < scores.size(); ++i) {
+        const float spread = kAnySign * (totals[i / kSignNumbers] + 1) / kSignNumbers;
+        scores[i] = std::log(kNear * (scores[i] + spread) / (all * (1 + kAnySign)));
+    }
+    return scores;
+}
+
+float logOf(std::size_t count)
+{
+    return std::log(static_cast<float>(count));
+}
+
+}  // namespace
+
+Lexicon::Lexicon(const ReadingModel& model) : edits_(editScores(model))
+{
+    words_.reserve(model.words.size());
+    for (const auto& word : model.words) {
+        numbers_.emplace(word.transliteration, static_cast<std::uint32_t>(words_.size()));
+        words_.push_back({word.transliteration, word.kind, word.count});
+    }
+    for (const auto& spelling : model.spellings) {
+        spellingOf(spelling.signs).uses.push_back({spelling.word, spelling.count});
+    }
+}
+
+Lexicon::Spelling& Lexicon::spellingOf(SignsView signs)
+{
+    std::uint32_t& number = bySigns_[hashOf(signs)];
+    if (number == 0) {
+        spellings_.push_back({Signs(signs), {}});
+        number = static_cast<std::uint32_t>(spellings_.size());
+    }
+    return spellings_[number - 1];
+}
+
+std::uint32_t Lexicon::add(SignsView signs, std::string_view transliteration, float count, float common)
+{
+    const auto [known, isNew] =
+        numbers_.emplace(std::string(transliteration), static_cast<std::uint32_t>(words_.size()));
+    const std::uint32_t word = known->second;
+    if (isNew) {
+        words_.push_back({std::string(transliteration)});
+    }
+    words_[word].count += common;
+    auto& uses = spellingOf(signs).uses;
+    if (const auto use = std::ranges::find(uses, word, &Use::word); use != uses.end()) {
+        use->count += count;
+    } else {
+        uses.push_back({word, count});
+    }
+    return word;
+}
+
+void Lexicon::finish()
+{
+    for (const Spelling& spelling : spellings_) {
+        longest_ = std::max(longest_, std::min(spelling.signs.size(), kLongest));
+        for (const Use& use : spelling.uses) {
+            words_[use.word].spelled += use.count;
+            words_[use.word].spellings += 1;
+        }
+    }
+    for (Spelling& spelling : spellings_) {
+        for (Use& use : spelling.uses) {
+            const Word& word = words_[use.word];
+            const float unseen = (word.spellings * kNewEach + kNewOnce) / (word.spelled + kNewAll);
+            use.exact = std::log((1 - std::min(unseen, 0.9F)) * use.count / word.spelled);
+            use.near = std::log(unseen * use.count / word.spelled);
+        }
+    }
+    weights_.reserve(words_.size());
+    for (const Word& word : words_) {
+        weights_.push_back(std::log(word.count + kUncounted));
+    }
+    indexGaps();
+}
+
+void Lexicon::indexGaps()
+{
+    for (std::uint32_t i = 0; i < spellings_.size(); ++i) {
+        const Signs& signs = spellings_[i].signs;
+        if (signs.size() < 2 || signs.size() > kLongest) {
+            continue;
+        }
+        const HashesWithout hashes(signs);
+        for (std::uint32_t at = 0; at < signs.size(); ++at) {
+            gaps_.push_back({hashes[at], i, at});
+        }
+    }
+    std::ranges::sort(gaps_, {}, &Gap::hash);
+    gapsOf_.reserve(gaps_.size());
+    for (std::uint32_t begin = 0; begin < gaps_.size();) {
+        std::uint32_t end = begin;
+        while (end < gaps_.size() && gaps_[end].hash == gaps_[begin].hash) {
+            ++end;
+        }
+        gapsOf_[gaps_[begin].hash] = {begin, end};
+        begin = end;
+    }
+}
+
+const Lexicon::Spelling* Lexicon::find(std::uint64_t hash) const
+{
+    const std::uint32_t number = bySigns_.get(hash);
+    return number == 0 ? nullptr : &spellings_[number - 1];
+}
+
+float Lexicon::changed(Edit edit, char16_t sign) const
+{
+    return edits_[static_cast<std::size_t>(edit) * kSignNumbers + sign];
+}
+
+void Lexicon::changedSpellings(SignsView signs, std::vector<Candidate>& found) const
+{
+    const auto offer = [&found](const Spelling& known, float score) {
+        for (const Use& use : known.uses) {
+            found.push_back({use.word, use.near + score});
+        }
+    };
+    const std::size_t length = signs.size();
+    const GapRange longer = gapsOf_.get(hashOf(signs));
+    for (std::uint32_t i = longer.begin; i < longer.end; ++i) {
+        const Spelling& known = spellings_[gaps_[i].spelling];
+        offer(known, changed(Edit::Without, known.signs[gaps_[i].at]) - logOf(length + 1));
+    }
+    if (length < 2) {
+        return;
+    }
+    const HashesWithout hashes(signs);
+    for (std::size_t at = 0; at < length; ++at) {
+        if (const Spelling* const shorter = find(hashes[at])) {
+            const bool last = at + 1 == length;
+            offer(*shorter,
+                  changed(last ? Edit::AtEnd : Edit::Inside, signs[at]) - (last ? 0 : logOf(length - 1)));
+        }
+        const GapRange other = gapsOf_.get(hashes[at]);
+        for (std::uint32_t i = other.begin; i < other.end; ++i) {
+            const Spelling& known = spellings_[gaps_[i].spelling];
+            if (gaps_[i].at == at && known.signs[at] != signs[at]) {
+                offer(known, changed(Edit::Other, signs[at]) - logOf(length));
+            }
+        }
+    }
+}
+
+void Lexicon::candidates(SignsView signs, std::vector<Candidate>& found) const
+{
+    if (signs.size() > kLongest) {
+        return;
+    }
+    thread_local std::vector<Candidate> all;
+    all.clear();
+    if (const Spelling* const known = find(hashOf(signs))) {
+        for (const Use& use : known->uses) {
+            all.push_back({use.word, use.exact});
+        }
+    }
+    changedSpellings(signs, all);
+    const auto weight = [this](const Candidate& candidate) {
+        return candidate.score + weights_[candidate.word];
+    };
+    const auto lighter = [&](const Candidate& a, const Candidate& b) { return weight(a) < weight(b); };
+    const auto first = static_cast<std::ptrdiff_t>(found.size());
+    for (const Candidate& candidate : all) {
+        const auto begin = found.begin() + first;
+        const auto same =
+            std::find_if(begin, found.end(), [&](const auto& c) { return c.word == candidate.word; });
+        if (same != found.end()) {
+            same->score = std::max(same->score, candidate.score);
+        } else if (static_cast<std::size_t>(found.end() - begin) < kKept) {
+            found.push_back(candidate);
+        } else if (const auto least = std::min_element(begin, found.end(), lighter);
+                   lighter(*least, candidate)) {
+            *least = candidate;
+        }
+    }
+}
+
+std::uint32_t Lexicon::numberOf(const std::string& transliteration) const
+{
+    const auto known = numbers_.find(transliteration);
+    return known == numbers_.end() ? 0 : known->second;
+}
+
+}  // namespace karvel

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "reading/FlatMap.hpp"
+#include "reading/Model.hpp"
+
+namespace karvel {
+
+/// Which words a run of signs may write, and how likely a word is written so. A spelling that is not known is
+/// taken for a known one with one sign more, fewer or other.
+class Lexicon {
+  public:
+    struct Word {
+        std::string transliteration;
+        std::uint32_t kind = 0;
+        float count = 0;      ///< in the passages
+        float spelled = 0;    ///< the counts of its spellings together
+        float spellings = 0;  ///< their number
+    };
+    struct Candidate {
+        std::uint32_t word = 0;
+        float score = 0;  ///< logarithm of the probability of the signs, given the word
+    };
+
+    /// Spellings are added before `finish`, candidates are asked for after it.
+    explicit Lexicon(const ReadingModel& model);
+
+    /// Counts `signs` as a spelling of `transliteration` that was seen `count` times, and the word itself as
+    /// seen `common` times more. Returns the word's number.
+    std::uint32_t add(SignsView signs, std::string_view transliteration, float count, float common);
+
+    void finish();
+
+    /// Adds to `found` the likeliest words that `signs` (one or more) may write, each once, in no order.
+    void candidates(SignsView signs, std::vector<Candidate>& found) const;
+
+    /// By the words' numbers; word 0 is the edge of a passage.
+    [[nodiscard]] const std::vector<Word>& words() const { return words_; }
+
+    /// The number of the word; 0 when there is none.
+    [[nodiscard]] std::uint32_t numberOf(const std::string& transliteration) const;
+
+    /// Signs of the longest spelling.
+    [[nodiscard]] std::size_t longest() const { return longest_; }
+
+  private:
+    struct Use {
+        std::uint32_t word = 0;
+        float count = 0;
+        float exact = 0;  ///< logarithm of its probability as it stands
+        float near = 0;   ///< and as the base of a changed spelling
+    };
+    struct Spelling {
+        Signs signs;
+        std::vector<Use> uses;
+    };
+    struct Gap {
+        std::uint64_t hash = 0;  ///< of the spelling without its sign `at`
+        std::uint32_t spelling = 0;
+        std::uint32_t at = 0;
+    };
+    struct GapRange {
+        std::uint32_t begin = 0, end = 0;
+    };
+
+    Spelling& spellingOf(SignsView signs);
+    [[nodiscard]] const Spelling* find(std::uint64_t hash) const;
+    [[nodiscard]] float changed(Edit edit, char16_t sign) const;
+    void changedSpellings(SignsView signs, std::vector<Candidate>& found) const;
+    void indexGaps();
+
+    std::vector<Word> words_;
+    std::unordered_map<std::string, std::uint32_t> numbers_;
+    std::vector<Spelling> spellings_;
+    FlatMap<std::uint32_t> bySigns_;  ///< hash of the signs: the spelling's number plus one
+    std::vector<Gap> gaps_;           ///< by hash
+    FlatMap<GapRange> gapsOf_;        ///< hash: the range in gaps_
+    std::vector<float> edits_;        ///< logarithms of probabilities, by edit and sign
+    std::vector<float> weights_;      ///< logarithms of the words' counts
+    std::size_t longest_ = 1;
+};
+
+}  // namespace karvel

@@ -1,5 +1,5 @@
-# What ./run and ./test share: the Debian packages that they need, and the build. Sourced, with `root` set.
-# Everything said here goes to standard error, so that the output of a command stays its own.
+# Installs Debian packages and builds a preset; for ./run, ./test and other scripts. Sourced; `build` needs `root`.
+# All messages go to standard error, so that standard output holds the output of the command alone.
 # shellcheck disable=SC2034,SC2154
 
 # What every build needs.
@@ -7,7 +7,7 @@ build_packages=(cmake ninja-build g++ qt6-base-dev qt6-translations-l10n)
 
 say() { printf '%s\n' "$*" >&2; }
 
-# Installs those of the packages given that are missing. Asking takes a few hundredths of a second.
+# Installs the given packages that are missing. The check takes a few hundredths of a second.
 need_packages() {
     local missing=() package status
     if ! command -v dpkg-query >/dev/null; then
@@ -32,19 +32,21 @@ need_packages() {
     if [[ -t 2 ]]; then
         install_packages "${missing[@]}" >&2
     else
-        # Nobody watches: what the installer said matters only when it failed.
+        # Not a terminal: the output of the installer is shown only when it failed.
         local told
         told=$(install_packages "${missing[@]}" 2>&1) || { say "$told"; return 1; }
     fi
 }
 
 install_packages() {
-    # An index that cannot be fetched matters only if the packages then cannot be installed.
-    "${as_root[@]}" apt-get -qq update || true
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y install --no-install-recommends "$@"
+    # When the index cannot be downloaded, the packages may still be installed from the old one. Another
+    # installation that is running is waited for.
+    local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=900)
+    "${apt[@]}" -qq update || true
+    "${apt[@]}" -q -y install --no-install-recommends "$@"
 }
 
-# Shows how far a build is on one line of a terminal, and everything else that it says as it is.
+# Shows the progress of a build on one line of the terminal, and all its other output unchanged.
 show_progress() {
     local line shown=''
     while IFS= read -r line; do
@@ -61,14 +63,14 @@ show_progress() {
     [[ -z $shown ]] || printf '\n' >&2
 }
 
-# Builds the preset given in build/PRESET; quiet when nothing is to do.
+# Builds the given preset in build/PRESET; prints nothing when there is nothing to do.
 build() {
     local preset=$1 directory=$root/build/$1 cache
     mkdir -p "$root/build"
     exec {lock}>"$root/build/.$preset.lock"
     flock "$lock"
     cache=$directory/CMakeCache.txt
-    # A tree that was moved or copied with its build is configured anew.
+    # A source tree that was moved or copied with its build directory is configured again.
     if [[ ! -f $directory/build.ninja ]] || ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$cache"; then
         say 'Preparo la compilazione; la prima volta dura qualche minuto.'
         (cd "$root" && cmake --fresh --preset "$preset" >"$directory.log" 2>&1) || { cat "$directory.log" >&2; return 1; }

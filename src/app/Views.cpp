@@ -50,6 +50,9 @@ void showCode(Session& session)
         std::min<std::int64_t>(counted.entries, std::numeric_limits<std::int16_t>::max()));
     if (counted.failure) {
         session.ui().ask(defaultErrorReport(*counted.failure));
+        if (counted.failure->number() != ErrorNumber::InputPastEnd) {
+            return;
+        }
     }
     session.ui().ask({.title = "Visualizza",
                       .text = "Codice geroglifico: " + session.palette().CurrentSignCode() +

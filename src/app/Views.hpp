@@ -5,7 +5,8 @@
 namespace karvel {
 
 /// "Visualizza codice": the current sign's code and the entry count, which ends up in `FavouritePage`.
-/// A failure of the count is reported first; the view then shows the count reached.
+/// A failure of the count is reported first. When the file ends inside a record the view then shows the count
+/// reached; after any other failure it does not open.
 void showCode(Session& session);
 
 /// "Visualizza codice frase": the whole phrase and its number of signs.

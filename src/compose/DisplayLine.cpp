@@ -8,7 +8,10 @@ namespace karvel {
 
 namespace {
 
-constexpr std::size_t kCellCharacters = DisplayLine::kCells * kCodeLength;  // 36: what the cells hold
+constexpr std::size_t kCellCharacters = DisplayLine::kCells * kCodeLength;
+/// The insert position of the last cell, characters: the cursor moves the stretch from there on.
+constexpr std::int16_t kLastCellPosition = (DisplayLine::kCells - 1) * kCodeLength;
+constexpr std::uint8_t kHighestCount = 253;  ///< one byte holds little more
 
 MessageBox limitBox()
 {
@@ -63,9 +66,11 @@ void DisplayLine::forgetSelection()
     deleteEnabled_ = false;
 }
 
-/// Shows up to `signs` signs of the phrase from the character `offset` on, and remembers where they begin.
+/// Shows up to `signs` signs of the phrase from the character `offset` on, and stores that offset. The
+/// selection belongs to the sign that a cell showed before: it is forgotten.
 void DisplayLine::showStretch(std::size_t offset, std::size_t signs)
 {
+    forgetSelection();
     clearPictures(0, kCells - 1);
     showCodes(std::string_view(codes_).substr(offset, signs * kCodeLength), static_cast<int>(offset));
     firstVisible_ = static_cast<std::int16_t>(offset);
@@ -90,14 +95,12 @@ void DisplayLine::showCodes(std::string_view codes, int offset)
 
 void DisplayLine::showFrom0(std::string_view codes)
 {
-    showCodes(codes, -1);
-    // Where a found entry repeats the phrase, its signs are the phrase's own and may be deleted.
-    for (std::size_t i = 0; i < kCells && i * kCodeLength < codes.size(); ++i) {
-        const std::size_t at = static_cast<std::size_t>(firstVisible_) + i * kCodeLength;
-        if (at < codes_.size() && codes_.compare(at, kCodeLength, cells_[i].code) == 0) {
-            cells_[i].offset = static_cast<int>(at);
-        }
-    }
+    forgetSelection();
+    // A found entry with exactly the signs of the phrase shows the start of the phrase itself, which can be
+    // edited.
+    const bool phrase = codes == codes_;
+    firstVisible_ = phrase ? 0 : firstVisible_;
+    showCodes(codes, phrase ? 0 : -1);
 }
 
 void DisplayLine::showFound(std::string_view codes)
@@ -106,10 +109,10 @@ void DisplayLine::showFound(std::string_view codes)
     showFrom0(codes);
 }
 
-bool DisplayLine::refuseAtLimit()
+bool DisplayLine::refuseAtLimit(std::size_t more)
 {
-    // A piece shorter than a sign, from a favourite with a short path, takes room as well.
-    if (codes_.size() + kCodeLength <= kLimit * kCodeLength) {
+    // A favourite with a short path may have added less than a whole code: characters are counted, not signs.
+    if (codes_.size() + more * kCodeLength <= kLimit * kCodeLength) {
         return false;
     }
     ui_.ask(limitBox());
@@ -118,22 +121,20 @@ bool DisplayLine::refuseAtLimit()
 
 bool DisplayLine::refuseAtCount254()
 {
-    if (count_ != 254) {
+    if (count_ != kHighestCount + 1) {
         return false;
     }
-    // Kept: a count restored from an old undo file may be this high, and the user is told before a byte
-    // overflows.
+    // Kept: the count is one byte. The user is told before it overflows, whatever set it so high.
     ui_.ask(limitBox());
-    count_ = 253;
-    insertPosition_ = 759;
+    count_ = kHighestCount;
+    insertPosition_ = kHighestCount * kCodeLength;
     return true;
 }
 
 void DisplayLine::advanceInsertPosition()
 {
-    constexpr std::uint8_t kShort = 11;
     insertPosition_ = static_cast<std::int16_t>(insertPosition_ + static_cast<int>(kCodeLength));
-    if (count_ < kShort) {
+    if (count_ < kCells - 1) {
         insertPosition_ = static_cast<std::int16_t>(count_ * kCodeLength);
         cursorEnabled_ = true;
     }
@@ -154,6 +155,11 @@ void DisplayLine::restartIfBlank()
 void DisplayLine::insert(std::string_view code, std::int16_t position)
 {
     saveUndoState(position);
+    add(code);
+}
+
+void DisplayLine::add(std::string_view code)
+{
     restartIfBlank();
     if (code.empty()) {
         return;
@@ -184,7 +190,7 @@ void DisplayLine::cursorLeft()
             std::min(signs(), static_cast<std::size_t>(firstVisible_) / kCodeLength + kCells));
     }
     insertPosition_ = static_cast<std::int16_t>(codes_.size() + kCodeLength);
-    if (insertPosition_ >= 33 && count_ > kCells) {
+    if (insertPosition_ >= kLastCellPosition && count_ > kCells) {
         --count_;
         redrawAtCount();
     }
@@ -195,7 +201,7 @@ void DisplayLine::cursorRight()
     if (count_ * kCodeLength >= codes_.size()) {
         return;
     }
-    if (insertPosition_ >= 33 && count_ >= kCells) {
+    if (insertPosition_ >= kLastCellPosition && count_ >= kCells) {
         ++count_;
         redrawAtCount();
     }
@@ -228,7 +234,7 @@ void DisplayLine::endOfPhrase()
 
 void DisplayLine::clickCell(std::size_t cell)
 {
-    if (cells_[cell].blank()) {
+    if (cells_[cell].blank() || !cells_[cell].ofPhrase()) {
         return;
     }
     if (deleteEnabled_) {
@@ -253,8 +259,8 @@ void DisplayLine::deleteSelected()
     }
     const Cell shown = cells_[selectedCell_];
     forgetSelection();
-    // The cells may show a found entry instead of the phrase: then there is nothing to take out of it.
-    if (shown.blank() || shown.offset < 0 || static_cast<std::size_t>(shown.offset) >= codes_.size()) {
+    // The sign may have left the phrase since it was selected, as when it became a favourite.
+    if (shown.blank() || !shown.ofPhrase() || static_cast<std::size_t>(shown.offset) >= codes_.size()) {
         return;
     }
     removeAt(static_cast<std::size_t>(shown.offset));

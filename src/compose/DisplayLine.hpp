@@ -27,6 +27,8 @@ class DisplayLine {
         bool border = false;  ///< the single-line frame of the sign inserted last
 
         [[nodiscard]] bool blank() const { return path.empty(); }
+        /// False for a sign of an entry, a split word or a transcription, which cannot be selected.
+        [[nodiscard]] bool ofPhrase() const { return offset >= 0; }
     };
 
     DisplayLine(const FileSystem& files, Pictures& pictures, UserInterface& ui, const SignImages& images,
@@ -46,10 +48,12 @@ class DisplayLine {
     /// Whether `cell` is the one marked for deletion.
     [[nodiscard]] bool selected(std::size_t cell) const { return CellSelection_[cell] == "True"; }
 
-    /// Shows the limit message and returns true when no further sign has room; changes nothing.
-    bool refuseAtLimit();
+    /// Shows the limit message and returns true when `more` further signs would pass the limit; changes
+    /// nothing.
+    bool refuseAtLimit(std::size_t more = 1);
 
-    /// The test that a palette key makes beside that one: at the count 254, message and reset. True: stop.
+    /// The second test of a palette key: at the count 254 it shows the message, resets the count and returns
+    /// true.
     bool refuseAtCount254();
 
     /// What a palette key does to the insert position before it inserts; enables the cursor buttons while the
@@ -60,6 +64,9 @@ class DisplayLine {
     /// handed on to the undo state. Throws RuntimeError when the undo file cannot be written: the phrase is
     /// then as it was.
     void insert(std::string_view code, std::int16_t position);
+
+    /// Adds the sign `code` as `insert` does, but saves no undo state.
+    void add(std::string_view code);
 
     /// Saves the undo state alone. Throws like `insert`.
     void saveUndoState(std::int16_t position) const;

@@ -1,5 +1,7 @@
 #include "compose/Palette.hpp"
 
+#include <algorithm>
+
 #include "text/CodePage.hpp"
 
 namespace karvel {
@@ -12,7 +14,8 @@ Palette::Palette(Pictures& pictures, UserInterface& ui, const SignImages& images
 
 char Palette::pageLetter(int page)
 {
-    return static_cast<char>(page + (page < 10 ? 64 : 66));  // J and K have no page
+    const char letter = kCategories[static_cast<std::size_t>(page) - 1];
+    return static_cast<char>(letter - 'a' + 'A');
 }
 
 void Palette::reset()
@@ -85,25 +88,24 @@ void Palette::enterPage(std::string_view text)
         const BusyPointer hourglass(ui_);
         const std::string upper = upperCase(text);
         char letter = upper.empty() ? 'A' : upper[0];
-        if (letter < 'A' || letter > 'P') {
-            letter = 'A';
-        }
         if (letter == 'J' || letter == 'K') {
-            letter = 'L';
+            letter = 'L';  // no category has these letters
         }
-        pageText_ = letter;
-        page_ = static_cast<std::uint8_t>(letter - (letter < 'L' ? 64 : 66));
+        const std::size_t category = kCategories.find(static_cast<char>(letter - 'A' + 'a'));
+        page_ = static_cast<std::uint8_t>(category == std::string_view::npos ? 1 : category + 1);
+        pageText_ = pageLetter(page_);
     }
     loadPage();
 }
 
-/// True when the missing-sign key was pressed while its search is on already.
-bool Palette::refusesMissingSign()
+/// `times`: how often the missing sign is to be added. True when it may not: its search is on already, or it
+/// is among the signs more than once.
+bool Palette::refusesMissingSign(std::size_t times)
 {
-    if (currentSign_ != kMissingSign) {
+    if (times == 0) {
         return false;
     }
-    if (modes_.active()) {
+    if (modes_.active() || times > 1) {
         ui_.ask({.title = "Info",
                  .text = "Questo carattere sostituisce già uno o più geroglifici. Pertanto è sufficiente "
                          "premerlo una volta.",
@@ -124,17 +126,25 @@ void Palette::press(std::size_t key)
 
 bool Palette::pressCode(const std::string& code)
 {
-    if (display_.refuseAtCount254() || display_.refuseAtLimit()) {
+    return pressCodes({&code, 1});
+}
+
+bool Palette::pressCodes(std::span<const std::string> codes)
+{
+    if (codes.empty() || display_.refuseAtCount254() || display_.refuseAtLimit(codes.size())) {
         return false;
     }
-    currentSign_.clear();
-    currentSign_ = code;
+    currentSign_ = codes.back();
     codePanel_ = "Codice: " + currentSign_;
-    if (refusesMissingSign()) {
+    if (refusesMissingSign(static_cast<std::size_t>(std::ranges::count(codes, kMissingSign)))) {
         return false;
     }
     display_.advanceInsertPosition();
-    insertion_(currentSign_, display_.InsertPosition());
+    insertion_(codes.front(), display_.InsertPosition());
+    for (const std::string& code : codes.subspan(1)) {
+        display_.advanceInsertPosition();
+        insertion_.further(code);
+    }
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -15,10 +16,10 @@
 
 namespace karvel {
 
-/// The road that every sign takes to the display line.
+/// The one operation through which every sign comes to the display line.
 class Insertion {
   public:
-    /// `finder` learns which signs are used; both must outlive the road.
+    /// `finder` learns which signs are used; both must outlive the insertion.
     Insertion(DisplayLine& display, SignFinder& finder) : display_(display), finder_(finder) {}
 
     /// How many signs the favourites strip proposes; every insertion starts over.
@@ -30,6 +31,13 @@ class Insertion {
     {
         SuggestionCount_ = 0;
         display_.insert(code, position);
+        finder_.used(std::string(code));
+    }
+
+    /// Inserts the next of several signs: the undo state was saved before the first.
+    void further(std::string_view code)
+    {
+        display_.add(code);
         finder_.used(std::string(code));
     }
 
@@ -77,7 +85,7 @@ class Palette {
     /// their keys blank.
     void loadPage();
 
-    /// The older way to turn back a page, which no control calls.
+    /// Turns back one page and stores its codes in row 1. No control calls it.
     /// Throws RuntimeError at the first image that cannot be loaded.
     void stepBack();
 
@@ -99,11 +107,16 @@ class Palette {
     /// The same for the sign `code`, wherever it was chosen. False when it was refused: nothing is inserted.
     bool pressCode(const std::string& code);
 
+    /// The same for several signs at once. They are refused whole when the display has not enough space for
+    /// them, and the undo state is saved once, before the first. Throws like DisplayLine::insert: nothing is
+    /// inserted.
+    bool pressCodes(std::span<const std::string> codes);
+
     /// The letter that stands for page `page` (1 to 14).
     [[nodiscard]] static char pageLetter(int page);
 
   private:
-    bool refusesMissingSign();
+    bool refusesMissingSign(std::size_t times);
     void loadKey(std::size_t row, char letter, std::size_t key, bool mustLoad);
 
     Pictures& pictures_;

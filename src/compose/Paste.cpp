@@ -22,11 +22,7 @@ std::string listed(const std::vector<std::string>& unknown)
 void pastePhrase(Palette& palette, UserInterface& ui, std::string_view utf8)
 {
     const ReadPhrase phrase = readPhrase(utf8);
-    for (const std::string& code : phrase.codes) {
-        if (!palette.pressCode(code)) {
-            break;
-        }
-    }
+    (void)palette.pressCodes(phrase.codes);
     if (!phrase.unknown.empty()) {
         ui.ask({.title = "Incolla",
                 .text = "Questi segni non sono conosciuti e non sono stati inseriti:\n\n" +

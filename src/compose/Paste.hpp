@@ -7,8 +7,8 @@
 
 namespace karvel {
 
-/// Inserts the signs of `utf8` (see readPhrase) one after the other as if their keys were pressed, until one
-/// is refused. What was not known is told in one box. Throws like DisplayLine::insert; the signs before stay.
+/// Inserts the signs of `utf8` (see readPhrase) with Palette::pressCodes. Unknown signs are told in one box.
+/// Throws like DisplayLine::insert; the phrase is then as it was.
 void pastePhrase(Palette& palette, UserInterface& ui, std::string_view utf8);
 
 }  // namespace karvel

@@ -62,6 +62,7 @@ void SearchModes::leaveMissingSign()
 {
     tickOnly(Mode::Equal);
     mode_ = static_cast<std::uint8_t>(Mode::Equal);
+    caption_ = std::string(kHeading) + std::string(kChosen[index(Mode::Equal)]);
 }
 
 }  // namespace karvel

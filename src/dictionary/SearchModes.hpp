@@ -53,7 +53,7 @@ class SearchModes {
     /// The missing-sign key: ticks its item and sets mode 6.
     void activateMissingSign();
 
-    /// Back from the missing-sign search to "Termine presente"; the heading and the file stay as they are.
+    /// Back from the missing-sign search to "Termine presente", with its heading; the file stays as it is.
     void leaveMissingSign();
 
   private:

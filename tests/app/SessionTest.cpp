@@ -37,14 +37,14 @@ TEST_F(SessionTest, TheCodeViewCountsInTheFavouritesPage)
         many += "x\n";
     }
     const struct {
-        std::string dictionary, error, count;
+        std::string dictionary, error, count;  ///< no count: the view does not open
         std::int16_t page;
     } kCases[] = {
         {"", "", "0", 0},
         {one + one + one + one + one, "", "4", 4},
         {one, "62':\n\nInput oltre la fine del file", "1", 1},  // the fifth field is missing
         {many, "", "40000", 32767},
-        {"(none)", "53':\n\nFile non trovato", "0", 0},
+        {"(none)", "53':\n\nFile non trovato", "", 0},
     };
     session.palette().press(4);
     for (const auto& [dictionary, error, count, page] : kCases) {
@@ -55,9 +55,11 @@ TEST_F(SessionTest, TheCodeViewCountsInTheFavouritesPage)
         if (!error.empty()) {
             ui.expect({.title = "Karvel", .text = "Errore di run-time '" + error, .icon = Icon::Critical});
         }
-        ui.expect({.title = "Visualizza",
-                   .text = "Codice geroglifico: a05\r\rNumero totale di voci immesse: " + count,
-                   .icon = Icon::Information});
+        if (!count.empty()) {
+            ui.expect({.title = "Visualizza",
+                       .text = "Codice geroglifico: a05\r\rNumero totale di voci immesse: " + count,
+                       .icon = Icon::Information});
+        }
         showCode(session);
         EXPECT_EQ(session.FavouritePage, page);
     }

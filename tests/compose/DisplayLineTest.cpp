@@ -14,7 +14,7 @@ struct Case {
     const char* state;
 };
 
-void check(std::span<const Case> cases)
+void check(const std::vector<Case>& cases)
 {
     for (const auto& [actions, state] : cases) {
         Composer composer;
@@ -25,7 +25,7 @@ void check(std::span<const Case> cases)
 
 TEST(DisplayLine, InsertsAndScrolls)
 {
-    check(std::array<Case, 11>{{
+    check({
         {"", " | 0 0 0 | "},
         {"k1", "a01 | 1 0 0 | a01*"},
         {"k2", "a01-a02 | 2 3 0 | a01 a02*"},
@@ -38,39 +38,31 @@ TEST(DisplayLine, InsertsAndScrolls)
         {"hide:a05 k14 start", "a01-a14 | 12 39 0 | a01-a04 - a06-a11 a12*"},
         {"hide:a01 k2", "a01-a02 | 1 3 0 | a02*"},  // a blank first cell restarts the display
         {"k3 nothing", "a01-a03 | 3 6 0 | a01-a02 a03*"},
-    }});
+    });
 }
 
 TEST(DisplayLine, MovesTheStretch)
 {
-    check(std::array<Case, 17>{{
-        {"k5 left", "a01-a05 | 5 18 0 | a01-a04 a05*"},    // only the insert position moves
-        {"k11 left", "a01-a11 | 11 36 0 | a01-a10 a11*"},  // here a redraw would begin before the first sign
+    check({
+        {"k5 left", "a01-a05 | 5 18 0 | a01-a04 a05*"},  // only the insert position moves
         {"k12 left", "a01-a12 | 12 33 0 | a01-a11 a12*"},
-        {"k12 right", "a01-a12 | 12 33 0 | a01-a11 a12*"},
-        {"k13 right", "a01-a13 | 13 36 3 | a02-a12 a13*"},
-        {"k15 right", "a01-a15 | 13 42 3 | a02-a12 a13*"},  // the first step goes to sign 13
         {"k15 right right right right", "a01-a15 | 15 42 9 | a04-a14 a15*"},
         {"k13 left", "a01-a13 | 12 42 0 | a01-a11 a12*"},
         {"k15 left", "a01-a15 | 14 48 6 | a03-a13 a14*"},
-        {"k15 left left left left", "a01-a15 | 12 48 0 | a01-a11 a12*"},
         {"k15 left left left right right right right", "a01-a15 | 15 48 9 | a04-a14 a15*"},
-        {"k12 start", "a01-a12 | 12 33 0 | a01-a11 a12*"},
         {"k15 start", "a01-a15 | 12 42 0 | a01-a11 a12*"},
-        {"k12 end", "a01-a12 | 12 33 0 | a01-a11 a12*"},
         {"k15 end", "a01-a15 | 15 45 12 | a05-a15 -*"},  // the last cell is the place after the phrase
         {"k15 end left", "a01-a15 | 14 48 6 | a03-a13 a14*"},
         {"k15 end right k1", "a01-a16 | 15 48 12 | a05-a15 a16*"},
-    }});
+    });
 }
 
 TEST(DisplayLine, DeletesTheSignThatTheSelectedCellShows)
 {
-    check(std::array<Case, 15>{{
+    check({
         {"k5 c1 delete", "a01 a03-a05 | 4 12 0 | a01 a03-a04 a05*"},
         {"k1 c0 delete", " | 0 0 0 | -*"},
         {"k1 c0 delete k1", "a02 | 1 0 0 | a02*"},
-        {"k5 delete", "a01-a05 | 5 12 0 | a01-a04 a05*"},
         {"k5 c7 delete", "a01-a05 | 5 12 0 | a01-a04 a05*"},     // an empty cell cannot be selected
         {"k5 c1 c1 delete", "a01-a05 | 5 12 0 | a01-a04 a05*"},  // a second click takes the selection back
         {"k5 c1 c3 delete delete", "a01-a03 a05 | 4 12 0 | a01-a03 a05*"},
@@ -81,23 +73,31 @@ TEST(DisplayLine, DeletesTheSignThatTheSelectedCellShows)
         {"k15 end c11 delete", "a01-a15 | 15 45 12 | a05-a15 -*"},
         {"k15 end c10 delete", "a01-a14 | 14 45 9 | a04-a14 -*"},
         {"k15 left c0 delete", "a01-a02 a04-a15 | 13 48 3 | a02 a04-a13 a14*"},
-        {"k2 found:c07c08c09 c1 delete",
-         "a01-a02 | 2 3 0 | c07 c08* c09"},  // a found entry is not the phrase
-    }});
+        // The selection belongs to the sign: it is forgotten when the cells come to show others.
+        {"k5 c1 k1 delete", "a01 a03-a06 | 5 15 0 | a01 a03-a05 a06*"},
+        {"k12 c1 k1 delete", "a01-a13 | 12 36 3 | a02-a12 a13*"},
+        {"k15 c1 left delete", "a01-a15 | 14 48 6 | a03-a13 a14*"},
+        {"k15 c1 start delete", "a01-a15 | 12 42 0 | a01-a11 a12*"},
+        {"k15 c1 end delete", "a01-a15 | 15 45 12 | a05-a15 -*"},
+        {"k2 c1 found:a01a02 delete", "a01-a02 | 2 3 0 | a01 a02*"},
+        // An entry is not the phrase, unless it has exactly its signs.
+        {"k2 found:c07c08c09 c1 delete", "a01-a02 | 2 3 0 | c07 c08* c09"},
+        {"k14 found:a03a04 c0 delete", "a01-a14 | 12 39 6 | a03-a04 - - - - - - - - - -*"},
+        {"k2 found:a01a02c09 c1 delete", "a01-a02 | 2 3 0 | a01 a02* c09"},
+        {"k2 found:a01a02 c1 delete", "a01 | 1 3 0 | a01*"},
+    });
 }
 
 TEST(DisplayLine, ClearsShowsEntriesAndUndoes)
 {
-    check(std::array<Case, 16>{{
+    check({
         {"k15 c3 clear delete", " | 0 0 0 | -*"},
-        {"k15 clear k1", "a16 | 1 0 0 | a16*"},
         {"k3 found:", "a01-a03 | 3 6 0 | a01 - -*"},  // cell 0 keeps its picture, as in every search
         {"k2 found:c01c02c03c04c05c06c07c08c09c10c11c12c13", "a01-a02 | 2 3 0 | c01 c02* c03-c12"},
         {"k2 found:c07 k1", "a01-a03 | 3 6 0 | c07 - a03*"},
         {"k1 undo", " | 12 -3 0 | -*"},        // the count is 12 whatever was restored
         {"k1 undo k1", "a02 | 1 0 0 | a02*"},  // and an emptied display restarts all the same
         {"k3 undo", "a01-a02 | 12 3 0 | a01* a02"},
-        {"k3 undo undo", "a01-a02 | 12 3 0 | a01* a02"},
         {"k3 undo k1", "a01-a02 a04 | 12 6 0 | a01-a02 a04*"},  // the scrolling way, though there is room
         {"k14 undo", "a01-a13 | 12 36 0 | a01* a02-a12"},
         {"k14 undo k1", "a01-a13 a15 | 12 39 6 | a03-a13 a15*"},
@@ -105,7 +105,7 @@ TEST(DisplayLine, ClearsShowsEntriesAndUndoes)
         {"k3 undo start left right end", "a01-a02 | 12 3 0 | a01* a02"},
         {"k5 clear undo", "a01-a04 | 12 9 0 | a01* a02-a04"},  // clearing saves nothing
         {"k3 nothing undo", "a01-a03 | 12 96 0 | a01* a02-a03"},
-    }});
+    });
 }
 
 TEST(DisplayLine, RefusesTheSignAfterTheLast)
@@ -145,17 +145,6 @@ TEST(DisplayLine, EnablesItsButtons)
     composer.act("clear");
     EXPECT_FALSE(composer.display.deleteEnabled());
     EXPECT_FALSE(composer.display.selected(1));
-}
-
-TEST(DisplayLine, AnEmptiedDisplayLeavesTheMissingSignSearch)
-{
-    for (const char* const action : {"clear", "undo"}) {
-        Composer composer;
-        composer.act("k1");
-        composer.mode.on = true;
-        composer.act(action);
-        EXPECT_FALSE(composer.mode.on) << action;
-    }
 }
 
 TEST(DisplayLine, ShowsItsSignsFromANewDirectory)

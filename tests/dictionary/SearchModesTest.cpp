@@ -86,7 +86,7 @@ TEST_F(SearchModesTest, AChoiceTicksStoresAndNamesTheMode)
     EXPECT_EQ(seen(modes), "6 TIPO RICERCA: Inizia per...");
     modes.leaveMissingSign();
     EXPECT_TRUE(modes.is(Mode::Equal));
-    EXPECT_EQ(seen(modes), "1 TIPO RICERCA: Inizia per...");
+    EXPECT_EQ(seen(modes), "1 TIPO RICERCA: Termine presente");
     EXPECT_EQ(drive.read(kSearchModePath), " 4\r\n");
 }
 

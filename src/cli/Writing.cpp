@@ -1,4 +1,5 @@
 #include <charconv>
+#include <optional>
 
 #include "cli/Command.hpp"
 #include "cli/Output.hpp"
@@ -7,6 +8,7 @@
 #include "writing/ManuelDeCodage.hpp"
 #include "writing/Placement.hpp"
 #include "writing/Svg.hpp"
+#include "writing/UnicodeLayout.hpp"
 
 namespace karvel::cli {
 
@@ -15,10 +17,16 @@ namespace {
 constexpr int kUsualHeight = 64;  // pixels
 constexpr int kLargestHeight = 10'000;
 
+/// Signs that were given in blocks keep them; others are grouped.
 Layout layoutFrom(const std::string& given, bool gardiner, bool ring)
 {
-    Layout layout = blocksOf(codesFrom(given, gardiner));
-    return ring ? ringed(std::move(layout)) : layout;
+    std::string fault;
+    std::optional<Layout> layout =
+        isArranged(given) ? readLayout(given, fault) : blocksOf(codesFrom(given, gardiner));
+    if (!layout) {
+        throw UsageError(fault);
+    }
+    return ring ? ringed(std::move(*layout)) : std::move(*layout);
 }
 
 int heightFrom(const std::string& given)

@@ -94,13 +94,14 @@ struct Pair {
 // the cobra, the mouth under the beetle or over the conical loaf, the eye under the throne (Osiris), water
 // over the cobra or the foot, the pool over the waters (summer), the moon over the star (month), the loaf
 // under sedge and bee (the king's title). In others the last consonant of a word sign stands so firmly under
-// it that an ending does not part them: wr, pr, nfr, wn, mn.
+// it that an ending does not part them: wr, pr, nfr, mr, wn, mn, Dd.
 constexpr int kFirm = 40;
 constexpr std::array kCustomary = {
-    Pair{"I10", "D46", 90},   Pair{"L1", "D21", 90},    Pair{"D21", "X8", 90},     Pair{"Q1", "D4", 90},
-    Pair{"N35", "I10", 90},   Pair{"N37", "N35A", 90},  Pair{"N11", "N14", 90},    Pair{"N35", "D58", 90},
-    Pair{"F13", "Q3", 90},    Pair{"M23", "X1", 140},   Pair{"L2", "X1", 130},     Pair{"G36", "D21", kFirm},
-    Pair{"O1", "D21", kFirm}, Pair{"I9", "D21", kFirm}, Pair{"E34", "N35", kFirm}, Pair{"Y5", "N35", kFirm}};
+    Pair{"I10", "D46", kFirm}, Pair{"L1", "D21", 90},    Pair{"D21", "X8", 90},    Pair{"Q1", "D4", 90},
+    Pair{"N35", "I10", 90},    Pair{"N37", "N35A", 90},  Pair{"N11", "N14", 90},   Pair{"N35", "D58", 90},
+    Pair{"F13", "Q3", 90},     Pair{"M23", "X1", 140},   Pair{"L2", "X1", 130},    Pair{"G36", "D21", kFirm},
+    Pair{"U7", "D21", kFirm},  Pair{"O1", "D21", kFirm}, Pair{"I9", "D21", kFirm}, Pair{"E34", "N35", kFirm},
+    Pair{"Y5", "N35", kFirm}};
 
 // They end words: determinatives of abstract, broken, dead or fleshy things, the two strokes of the ending
 // -y. What follows begins another word, so only strokes stand under them.
@@ -201,7 +202,7 @@ int costOfThree(Signs signs)
     if (last.role == SignRole::Plural) {
         return heightOf(signs) <= 1000 ? 190 : kNever;
     }
-    return heightOf(signs) <= 760 ? 230 : kNever;
+    return heightOf(signs) <= 700 ? 230 : kNever;
 }
 
 /// Small signs beside each other, as one row.

@@ -33,7 +33,7 @@ SignRole roleOf(std::string_view gardiner)
     if (gardiner == "Z1") {
         return SignRole::Stroke;
     }
-    if (gardiner == "Z2" || gardiner == "Z3") {
+    if (gardiner == "Z2") {
         return SignRole::Plural;
     }
     if (std::ranges::find(kNumerals, gardiner) != kNumerals.end()) {

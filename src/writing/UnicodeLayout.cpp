@@ -103,9 +103,9 @@ std::optional<Layout> readLayout(std::string_view utf8, std::string& fault)
     for (std::size_t at = 0; at < utf8.size();) {
         const char32_t character = nextCharacter(utf8, at);
         const SignInfo* const sign = SignRepertoire::standard().byCharacter(character);
-        if (sign != nullptr) {
+        if (sign != nullptr || character == U'?') {
             codage += afterSign ? "-" : "";
-            codage += sign->code;
+            codage += sign != nullptr ? sign->code : "?";
             afterSign = true;
         } else if (const std::string_view arranging = codageOf(character); !arranging.empty()) {
             codage += afterSign && arranging == "(" ? "-" : "";

@@ -92,6 +92,7 @@ TEST_F(CliTest, AnswersOnTheRightStreamWithTheRightStatus)
     expect({"cerca", "--modo", "dividi", "d51a01d51c03"}, 0, secondLine + thirdLine, "Resta: c03\n");
     expect({"cerca", "--modo", "dividi", "c03"}, 1, "", "Resta: c03\n");
     expect({"blocchi", "--gardiner", "F35-I9-D21"}, 0, "F35-I9:D21\n", "");
+    expect({"blocchi", "N35:(X1*d51) ?"}, 0, "N35:X1*F35-?\n", "");  // already in blocks
     expect({"blocchi", "--cartiglio", "g34o31h11p47"}, 0, "<-N5-Y5:N35-?->\n", "");
     expect({"italiano", "cuore"}, 0, secondLine, "");
     expect({"italiano", "--contiene", "UO"}, 0, secondLine + thirdLine, "");
@@ -148,6 +149,7 @@ TEST_F(CliTest, RefusesWrongUseInItalian)
         {{"cerca", "--modo", "uguale", "d51"}, "karvel-cli cerca: modo sconosciuto: uguale"},
         {{"cerca", "d51", "--modo"}, "karvel-cli cerca: manca il valore di --modo"},
         {{"cerca", "--tutto", "d51"}, "karvel-cli cerca: opzione sconosciuta: --tutto"},
+        {{"blocchi", "F35:"}, "karvel-cli blocchi: manca un segno"},
         {{"disegna", "a01"}, "karvel-cli disegna: mancano degli argomenti"},
         {{"disegna", "--altezza", "0", "a01", "x.svg"}, "karvel-cli disegna: l'altezza è un numero da 1 a "},
         {{"aggiungi", "a54", "casa"}, "karvel-cli aggiungi: non è una sequenza di codici di segni: a54"},

@@ -105,7 +105,7 @@ TEST(UnicodeLayout, SaysTheSameAsManuelDeCodage)
     } cases[] = {
         {"𓄤𓆑𓐰𓂋", "F35-I9:D21"},
         {"𓊵𓐰𓏏𓐱𓊪", "R4:X1*Q3"},
-        {"𓇋𓐱𓐷𓈖𓐰𓏏𓐸", "M17*(N35:X1)"},
+        {"𓇋𓐱𓐷𓈖𓐰𓏏𓐸?𓇋?", "M17*(N35:X1)-?-M17-?"},
         {"𓍹𓐼𓇳𓏠𓐰𓈖𓆣𓐽𓍺", "<-N5-Y5:N35-L1->"},
     };
     for (const auto& [unicode, codage] : cases) {

@@ -226,7 +226,7 @@ class MonkeyTest : public QObject {
         qputenv("PATH", "");  // no browser is opened
         const QTemporaryDir home;
         qputenv("HOME", home.path().toUtf8());
-        const int steps = number("KARVEL_MONKEY_STEPS", 3000);
+        const int steps = number("KARVEL_MONKEY_STEPS", 600);
         Monkey monkey(static_cast<unsigned>(number("KARVEL_MONKEY_SEED", 1)));
         std::string shipped;
         for (const char* const sign : {"a01", "e16", "d51f21b47", "a01b02", "b02"}) {
@@ -248,7 +248,7 @@ class MonkeyTest : public QObject {
             }
             QVERIFY(!verify(*stage.drive().files().open(kDictionary)).fault);
         }
-        QVERIFY(monkey.windows.size() >= 14);
+        QVERIFY2(monkey.windows.size() >= 8, qPrintable(QString::number(monkey.windows.size())));
     }
 };
 

@@ -123,6 +123,7 @@ class DirectoryWindowTest : public QObject {
         struct SlowDrive {
             std::binary_semaphore answer{0};
             std::atomic<int> asked = 0;
+            std::atomic<int> answered = 0;
         };
         Stage stage;
         addDrive(stage, "drive_d");
@@ -132,6 +133,7 @@ class DirectoryWindowTest : public QObject {
                                               if (path.starts_with("d:")) {
                                                   ++drive->asked;
                                                   drive->answer.acquire();
+                                                  ++drive->answered;
                                               }
                                               return listDirectory(drives, path);
                                           });
@@ -145,6 +147,7 @@ class DirectoryWindowTest : public QObject {
         QVERIFY(!stop->isVisible());
         QCOMPARE(control<QComboBox>(sysform, "Drive1")->currentText(), kHardDisk);
         drive->answer.release();
+        QTRY_COMPARE(drive->answered.load(), 1);  // nobody hears this answer
 
         chooseDrive(sysform, slow);
         QTRY_COMPARE(drive->asked.load(), 2);

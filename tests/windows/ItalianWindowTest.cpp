@@ -88,7 +88,7 @@ class ItalianWindowTest : public QObject {
         stage.expect(foundBox("CASA"));
         stage.expect(kGoOn, Button::Cancel);
         click(window, "Command3");
-        QCOMPARE(window->focusWidget(), control<WordBox>(window, "combo1")->lineEdit());
+        QCOMPARE(window->focusWidget(), control<WordBox>(window, "combo1"));
         stage.expect({.title = "Karvel",
                       .text = "Errore di run-time '55':\n\nFile già aperto\n"
                               "Premere ANNULLA per chiudere la ricerca in corso.",

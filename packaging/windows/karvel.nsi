@@ -385,6 +385,7 @@ Section "Uninstall"
     Delete "${ROOT}\${UNINSTALLER}"
     ; The program's own scratch file: the state before the last sign.
     Delete "${ROOT}\Undo.dat"
+    Delete "${ROOT}\settaggi\edizione.txt"
     RMDir "${ROOT}"
     RMDir "C:\programmi"
 

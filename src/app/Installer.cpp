@@ -5,7 +5,11 @@
 #include <unordered_set>
 #include <vector>
 
+#include "app/EditionOffer.hpp"
 #include "base/WindowsHeader.hpp"
+#include "dictionary/DictionaryEntry.hpp"
+#include "dictionary/EditionUpdate.hpp"
+#include "files/FileSystem.hpp"
 #include "files/HostFile.hpp"
 #include "text/CodePage.hpp"
 
@@ -15,10 +19,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr const char* kDictionaryName = "dizio.txt";
+
 bool isDataTree(const fs::path& directory)
 {
     std::error_code error;
-    return fs::is_regular_file(directory / "dizio.txt", error) && fs::is_directory(directory / "GR", error);
+    return fs::is_regular_file(directory / kDictionaryName, error) &&
+           fs::is_directory(directory / "GR", error);
 }
 
 [[noreturn]] void fail(const std::error_code& error)
@@ -76,6 +83,22 @@ std::size_t copyMissing(const fs::path& from, const std::string& systemPath, con
     return copied;
 }
 
+/// Makes the file at `systemPath`, which is the program's own, the same as `from`; 1 when it was not.
+std::size_t renew(const fs::path& from, std::string_view systemPath, const FileSystem& files)
+{
+    const std::string bytes = FileSystem(Drives()).readAll(utf8Path(from));
+    if (files.exists(systemPath) && files.readAll(systemPath) == bytes) {
+        return 0;
+    }
+    std::error_code error;
+    fs::create_directories(files.drives().toHost(systemPath).parent_path(), error);
+    if (error) {
+        fail(error);
+    }
+    files.replace(systemPath, bytes);
+    return 1;
+}
+
 }  // namespace
 
 fs::path ownProgram()
@@ -113,13 +136,16 @@ std::optional<fs::path> findDataTree(const fs::path& program)
 std::size_t installTree(const fs::path& tree, const Drives& drives)
 {
     constexpr const char* kRoot = "C:\\programmi\\Karvel";
+    const FileSystem files(drives);
+    const bool fresh = !files.exists(kDictionaryPath);
     std::size_t copied = copyMissing(tree, kRoot, drives);
+    copied += renew(tree / kDictionaryName, kEditionPath, files);
+    if (fresh) {
+        keepEditionAnswer(files);
+    }
     // The credits belong to the data and lie beside them wherever they go.
-    const fs::path credits = tree.parent_path() / "CREDITS.md";
-    const fs::path target = drives.toHost(std::string(kRoot) + "\\CREDITS.md");
-    if (fs::exists(credits) && !fs::exists(target)) {
-        copyWhole(credits, target);
-        ++copied;
+    if (const fs::path credits = tree.parent_path() / "CREDITS.md"; fs::exists(credits)) {
+        copied += renew(credits, std::string(kRoot) + "\\CREDITS.md", files);
     }
     return copied;
 }

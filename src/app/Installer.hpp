@@ -17,8 +17,9 @@ namespace karvel {
 [[nodiscard]] std::filesystem::path ownProgram();
 
 /// Copies what is missing below `tree` to C:\programmi\Karvel on `drives`; what is there already is never
-/// touched. Returns the number of files copied. Throws RuntimeError; files copied before stay, and none is
-/// ever half written.
+/// touched, but for what is the program's own: the credits, and the copy of the dictionary that updates are
+/// made from. Returns the number of files
+/// copied. Throws RuntimeError; files copied before stay, and none is ever half written.
 std::size_t installTree(const std::filesystem::path& tree, const Drives& drives);
 
 }  // namespace karvel

@@ -60,6 +60,7 @@ Exit searchItalian(const Arguments& arguments);
 Exit readPassage(const Arguments& arguments);
 Exit transcribeName(const Arguments& arguments);
 Exit addEntry(const Arguments& arguments);
+Exit updateEdition(const Arguments& arguments);
 Exit verifyFile(const Arguments& arguments);
 Exit install(const Arguments& arguments);
 Exit printBlocks(const Arguments& arguments);

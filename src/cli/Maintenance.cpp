@@ -1,10 +1,12 @@
 #include <cstdio>
 #include <filesystem>
+#include <ranges>
 
 #include "app/Installer.hpp"
 #include "cli/Command.hpp"
 #include "cli/Output.hpp"
 #include "dictionary/DictionaryEntry.hpp"
+#include "dictionary/EditionUpdate.hpp"
 #include "dictionary/Verification.hpp"
 #include "files/FileSystem.hpp"
 
@@ -21,6 +23,14 @@ Exit verifyFile(const Arguments& given)
         const auto source = files.open(path);
         const Verification result = verify(*source);
         output.line(std::to_string(result.records) + " voci");
+        constexpr std::size_t kTold = 20;
+        for (const Double& each : result.doubles | std::views::take(kTold)) {
+            output.line("osservazione: la voce alla riga " + std::to_string(each.line) +
+                        " ha i segni e la traduzione di quella alla riga " + std::to_string(each.first));
+        }
+        if (result.doubles.size() > kTold) {
+            output.line("osservazione: altre voci doppie: " + std::to_string(result.doubles.size() - kTold));
+        }
         if (!result.fault) {
             return Exit::Done;
         }
@@ -29,6 +39,43 @@ Exit verifyFile(const Arguments& given)
         return Exit::Error;
     } catch (const RuntimeError& error) {
         complain(path + ": " + std::string(error.text()));
+        return Exit::Error;
+    }
+}
+
+Exit updateEdition(const Arguments& given)
+{
+    Arguments arguments = given;
+    const bool onlyTell = takeSwitch(arguments, "--prova");
+    expectWords(arguments, 0, 0);
+    const FileSystem files(Drives::ofUser());
+    Output output;
+    const auto tell = [&output](const char* what, std::uint64_t records) {
+        output.line(std::string(what) + ": " + std::to_string(records));
+    };
+    try {
+        EditionUpdate update = planUpdate(files);
+        if (update.fault) {
+            complain(std::string(kDictionaryPath) + ": riga " + std::to_string(update.fault->line) + ": " +
+                     update.fault->reason);
+            complain("Il dizionario non viene aggiornato.");
+            return Exit::Error;
+        }
+        tell("voci della nuova edizione", update.editionRecords);
+        tell("voci del dizionario in uso", update.records);
+        tell("aggiunte o modificate dall'utente, che restano", update.ownRecords);
+        tell("voci dopo l'aggiornamento", update.editionRecords + update.ownRecords);
+        output.flush();
+        if (update.changesNothing()) {
+            output.line("il dizionario è già aggiornato");
+        } else if (!onlyTell) {
+            const std::string kept = carryOut(update, files);
+            output.line(kept.empty() ? "il dizionario è già aggiornato" : "il file di prima è " + kept);
+        }
+        return Exit::Done;
+    } catch (const RuntimeError& error) {
+        complain("Aggiornamento non riuscito: " + std::string(error.text()) +
+                 (error.furtherLine().empty() ? "" : ": " + error.furtherLine()));
         return Exit::Error;
     }
 }

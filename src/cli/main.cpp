@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "Version.hpp"
+#include "app/EditionOffer.hpp"
 #include "cli/Command.hpp"
 #include "cli/Output.hpp"
 
@@ -61,6 +62,7 @@ Exit run(const Arguments& arguments)
             output.line(std::string(command.help));
             return Exit::Done;
         }
+        karvel::provideDictionary(karvel::FileSystem(karvel::Drives::ofUser()));
         try {
             return command.run(rest);
         } catch (const UsageError& error) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/SignCode.hpp"
+#include "text/Checksum.hpp"
 #include "text/CodePage.hpp"
 
 namespace karvel {
@@ -85,6 +86,36 @@ std::string doubt(const std::array<std::string_view, 4>& fields)
     return "il campo dei segni non è una sequenza di codici: \"" + decode(fields[0].substr(0, 40)) + "\"";
 }
 
+/// Remembers records by a checksum of what makes two of them the same, and where they begin.
+class Seen {
+  public:
+    void note(const std::array<std::string_view, 4>& fields, std::uint64_t line)
+    {
+        constexpr std::size_t kMost = 10'000'000;  // sixteen bytes each
+        if (places_.size() < kMost) {
+            places_.emplace_back(checksum(fields[1], checksum("\"", checksum(fields[0]))), line);
+        }
+    }
+
+    [[nodiscard]] std::vector<Double> doubles()
+    {
+        std::ranges::sort(places_);
+        std::vector<Double> found;
+        for (std::size_t at = 0, first = 0; at < places_.size(); ++at) {
+            if (places_[at].first != places_[first].first) {
+                first = at;
+            } else if (at != first) {
+                found.push_back({places_[at].second, places_[first].second});
+            }
+        }
+        std::ranges::sort(found, {}, &Double::line);
+        return found;
+    }
+
+  private:
+    std::vector<std::pair<std::uint64_t, std::uint64_t>> places_;
+};
+
 }  // namespace
 
 Verification verify(ByteSource& dictionary)
@@ -92,6 +123,7 @@ Verification verify(ByteSource& dictionary)
     Verification result;
     LineCounter lines(dictionary);
     FieldReader reader(lines);
+    Seen seen;
     std::uint64_t begin = 1;
     // A field whose quote is not closed ends at the next quote, and all later fields are shifted. Then the
     // fault is found in the next record, but the one to mend is the record before it, with a field over
@@ -106,6 +138,7 @@ Verification verify(ByteSource& dictionary)
             std::array<std::string_view, 4> fields;
             const std::uint64_t before = lines.lineAt(reader.position());
             if (reader.atEndButBlankLines()) {
+                result.doubles = seen.doubles();
                 return result;
             }
             begin = before;
@@ -115,6 +148,7 @@ Verification verify(ByteSource& dictionary)
                 return result;
             }
             ++result.records;
+            seen.note(fields, begin);
             spanning = std::ranges::any_of(fields, spansLines) ? std::optional(begin) : std::nullopt;
         }
     } catch (const RuntimeError& error) {

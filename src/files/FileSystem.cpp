@@ -1,5 +1,7 @@
 #include "files/FileSystem.hpp"
 
+#include <algorithm>
+#include <limits>
 #include <system_error>
 
 #include "files/HostFile.hpp"
@@ -18,19 +20,25 @@ fs::path behindLinks(const fs::path& path)
     return error ? path : real;
 }
 
+std::string contentOf(HostFile& file, std::size_t limit)
+{
+    std::string bytes;
+    char chunk[16384];
+    while (const std::size_t count = file.read(chunk)) {
+        bytes.append(chunk, count);
+        if (bytes.size() > limit) {
+            throw RuntimeError(ErrorNumber::Overflow);
+        }
+    }
+    return bytes;
+}
+
 /// Where no file may be created beside the old one: rewrites it in place, and puts the old bytes back if
 /// that fails.
 void rewriteInPlace(const fs::path& path, std::string_view bytes)
 {
     HostFile file(path, HostFile::Mode::Rewrite);
-    std::string old(static_cast<std::size_t>(file.size()), '\0');
-    for (std::size_t at = 0; at < old.size();) {
-        const std::size_t count = file.read({old.data() + at, old.size() - at});
-        if (count == 0) {
-            old.resize(at);
-        }
-        at += count;
-    }
+    const std::string old = contentOf(file, std::numeric_limits<std::size_t>::max());
     try {
         file.writeAt(0, bytes);
         file.truncate(bytes.size());
@@ -56,6 +64,79 @@ std::string blanksFrom(HostFile& file, std::uint64_t offset)
     return blanks;
 }
 
+/// Writes `bytes` into a new file beside `target`, with the rights of `model` where that exists; returns its
+/// path. When that fails nothing is left there.
+fs::path writeBeside(const fs::path& target, std::string_view bytes, Durability durability,
+                     const fs::path& model)
+{
+    fs::path beside = target;
+    beside += ".~" + std::to_string(processNumber());
+    std::error_code error;
+    fs::remove(beside, error);
+    try {
+        HostFile file(beside, HostFile::Mode::CreateNew);
+        file.writeAt(0, bytes);
+        if (durability == Durability::Disk) {
+            file.flush();
+        }
+        if (const fs::file_status old = fs::status(model, error); fs::exists(old)) {
+            fs::permissions(beside, old.permissions(), error);
+        }
+    } catch (const RuntimeError&) {
+        fs::remove(beside, error);
+        throw;
+    }
+    return beside;
+}
+
+/// Renames the new file over `target`, or removes it when that fails.
+void putInPlace(const fs::path& beside, const fs::path& target)
+{
+    try {
+        renameOver(beside, target);
+    } catch (const RuntimeError&) {
+        std::error_code error;
+        fs::remove(beside, error);
+        throw;
+    }
+}
+
+void refuseToReplace(const fs::path& target)
+{
+    if (!mayBeWritten(target)) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);  // renaming would pass over the file's protection
+    }
+    std::error_code error;
+    if (fs::exists(target, error) && !fs::is_regular_file(target, error)) {
+        throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
+}
+
+void appendTo(HostFile& file, std::string_view bytes, std::optional<std::uint64_t> recordsEnd)
+{
+    const std::uint64_t size = file.size();
+    const std::string overwritten = recordsEnd ? blanksFrom(file, *recordsEnd) : std::string();
+    const std::uint64_t end = size - overwritten.size();
+    std::string written(bytes);
+    if (end > 0) {
+        const char last = file.byteAt(end - 1);
+        if (last != '\n' && last != '\r') {
+            written.insert(0, "\r\n");
+        }
+    }
+    try {
+        file.writeAt(end, written);
+        if (end + written.size() < size) {
+            file.truncate(end + written.size());
+        }
+        file.flush();
+    } catch (const RuntimeError&) {
+        file.truncate(size);
+        file.writeAt(end, overwritten);
+        throw;
+    }
+}
+
 }  // namespace
 
 std::unique_ptr<ByteSource> FileSystem::open(std::string_view path) const
@@ -66,15 +147,7 @@ std::unique_ptr<ByteSource> FileSystem::open(std::string_view path) const
 std::string FileSystem::readAll(std::string_view path, std::size_t limit) const
 {
     HostFile file(drives_.toHost(path), HostFile::Mode::Read);
-    std::string bytes;
-    char chunk[16384];
-    while (const std::size_t count = file.read(chunk)) {
-        bytes.append(chunk, count);
-        if (bytes.size() > limit) {
-            throw RuntimeError(ErrorNumber::Overflow);
-        }
-    }
-    return bytes;
+    return contentOf(file, limit);
 }
 
 FileState FileSystem::state(std::string_view path) const
@@ -95,67 +168,78 @@ bool FileSystem::exists(std::string_view path) const
 void FileSystem::replace(std::string_view path, std::string_view bytes, Durability durability) const
 {
     const fs::path target = behindLinks(drives_.toHost(path));
-    if (!mayBeWritten(target)) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);  // renaming would ignore the file's protection
-    }
-    std::error_code error;
-    if (fs::exists(target, error) && !fs::is_regular_file(target, error)) {
-        throw RuntimeError(ErrorNumber::PathFileAccess);
-    }
-    fs::path beside = target;
-    beside += ".~" + std::to_string(processNumber());
-    fs::remove(beside, error);
+    refuseToReplace(target);
+    fs::path beside;
     try {
-        HostFile file(beside, HostFile::Mode::CreateNew);
-        file.writeAt(0, bytes);
-        if (durability == Durability::Disk) {
-            file.flush();
-        }
-        if (const fs::file_status old = fs::status(target, error); fs::exists(old)) {
-            fs::permissions(beside, old.permissions(), error);
-        }
+        beside = writeBeside(target, bytes, durability, target);
     } catch (const RuntimeError& failure) {
-        fs::remove(beside, error);
+        std::error_code error;
         if (failure.number() != ErrorNumber::PermissionDenied || !fs::exists(target, error)) {
             throw;
         }
         rewriteInPlace(target, bytes);
         return;
     }
+    putInPlace(beside, target);
+}
+
+std::string FileSystem::freeNameForOld(std::string_view path) const
+{
+    const std::size_t dot = std::min(path.rfind('.'), path.size());
+    for (int number = 1;; ++number) {
+        std::string name(path.substr(0, dot));
+        name += number == 1 ? ".old" : ".old-" + std::to_string(number);
+        name += path.substr(dot);
+        std::error_code error;
+        if (!fs::exists(fs::symlink_status(drives_.toHost(name), error))) {
+            return name;
+        }
+    }
+}
+
+std::optional<std::string> FileSystem::replaceKeeping(std::string_view path, std::string_view old,
+                                                      std::string_view bytes) const
+{
+    const fs::path target = behindLinks(drives_.toHost(path));
+    refuseToReplace(target);
+    std::optional<HostFile> held(std::in_place, target, HostFile::Mode::Rewrite);
+    held->lock();
+    if (!held->isStillAt(target) || held->size() != old.size() || contentOf(*held, old.size()) != old) {
+        return std::nullopt;
+    }
+    const fs::path beside = writeBeside(target, bytes, Durability::Disk, target);
+    std::error_code error;
+    const std::string keptName = freeNameForOld(path);
+    const fs::path kept = drives_.toHost(keptName);
     try {
-        renameOver(beside, target);
+        putInPlace(writeBeside(kept, old, Durability::Disk, target), kept);
     } catch (const RuntimeError&) {
         fs::remove(beside, error);
         throw;
     }
+    if (!kReplacesOpenFiles) {
+        held.reset();
+    }
+    try {
+        putInPlace(beside, target);
+    } catch (const RuntimeError&) {
+        fs::remove(kept, error);
+        throw;
+    }
+    return keptName;
 }
 
 void FileSystem::append(std::string_view path, std::string_view bytes,
                         std::optional<std::uint64_t> recordsEnd) const
 {
-    HostFile file(drives_.toHost(path), HostFile::Mode::Append);
-    file.lock();
-    const std::uint64_t size = file.size();
-    const std::string overwritten = recordsEnd ? blanksFrom(file, *recordsEnd) : std::string();
-    const std::uint64_t end = size - overwritten.size();
-    std::string written(bytes);
-    if (end > 0) {
-        const char last = file.byteAt(end - 1);
-        const bool commaEnds = last == ',' && end == recordsEnd;  // a line end would be one more field
-        if (last != '\n' && last != '\r' && !commaEnds) {
-            written.insert(0, "\r\n");
+    const fs::path target = drives_.toHost(path);
+    for (;;) {
+        HostFile file(target, HostFile::Mode::Append);
+        file.lock();
+        if (file.isStillAt(target)) {  // else it was replaced while this program waited
+            appendTo(file, bytes, recordsEnd);
+            return;
         }
-    }
-    try {
-        file.writeAt(end, written);
-        if (end + written.size() < size) {
-            file.truncate(end + written.size());
-        }
-        file.flush();
-    } catch (const RuntimeError&) {
-        file.truncate(size);
-        file.writeAt(end, overwritten);
-        throw;
     }
 }
 

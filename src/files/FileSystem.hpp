@@ -49,6 +49,13 @@ class FileSystem {
     void replace(std::string_view path, std::string_view bytes,
                  Durability durability = Durability::Disk) const;
 
+    /// Like `replace` for a file that exists, but keeps the old one beside it, as NAME.old.EXTENSION, or
+    /// NAME.old-2.EXTENSION and so on where that is taken; returns its path. Nothing, and nothing is done,
+    /// when the file no longer holds `old`. Other programs that append wait meanwhile. On failure the
+    /// directory is as it was.
+    [[nodiscard]] std::optional<std::string> replaceKeeping(std::string_view path, std::string_view old,
+                                                            std::string_view bytes) const;
+
     /// Adds `bytes` at the end of `path` in one write, created when missing; a line end first where the file
     /// lacks its last one. Other programs that append the same way wait for each other. On failure the file
     /// is as it was.
@@ -62,6 +69,8 @@ class FileSystem {
     void remove(std::string_view path) const;
 
   private:
+    [[nodiscard]] std::string freeNameForOld(std::string_view path) const;
+
     Drives drives_;
 };
 

@@ -58,6 +58,9 @@ class HostFile : public ByteSource {
     /// Waits until no other program holds the file so; released when the file is closed.
     void lock();
 
+    /// False when another file has been put in the place of this one at `path` since it was opened.
+    [[nodiscard]] bool isStillAt(const std::filesystem::path& path) const;
+
   private:
 #if defined(_WIN32)
     void* handle_;
@@ -67,6 +70,13 @@ class HostFile : public ByteSource {
     std::uint64_t offset_ =
         0;  ///< of the next `read`; the system's own offset moves with `readAt` on Windows
 };
+
+/// Whether an open file can be replaced. Where it cannot, it has to be closed, and its lock released, first.
+#if defined(_WIN32)
+inline constexpr bool kReplacesOpenFiles = false;
+#else
+inline constexpr bool kReplacesOpenFiles = true;
+#endif
 
 /// Puts `from` in the place of `to` in one step. Throws RuntimeError; `to` is then as it was.
 void renameOver(const std::filesystem::path& from, const std::filesystem::path& to);

@@ -145,6 +145,14 @@ void HostFile::lock()
     }
 }
 
+bool HostFile::isStillAt(const std::filesystem::path& path) const
+{
+    struct stat own {};
+    struct stat there {};
+    return ::fstat(descriptor_, &own) == 0 && ::stat(path.c_str(), &there) == 0 &&
+           own.st_dev == there.st_dev && own.st_ino == there.st_ino;
+}
+
 void renameOver(const std::filesystem::path& from, const std::filesystem::path& to)
 {
     if (std::rename(from.c_str(), to.c_str()) != 0) {

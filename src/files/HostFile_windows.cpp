@@ -151,6 +151,11 @@ void HostFile::lock()
     ::LockFileEx(handle_, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place);
 }
 
+bool HostFile::isStillAt(const std::filesystem::path& /*path*/) const
+{
+    return true;  // an open file is not replaced here
+}
+
 void renameOver(const std::filesystem::path& from, const std::filesystem::path& to)
 {
     if (::MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0) {

@@ -12,6 +12,7 @@
 #endif
 
 #include "Version.hpp"
+#include "app/EditionOffer.hpp"
 #include "app/StartUp.hpp"
 #include "windows/SplashWindow.hpp"
 #include "windows/main/Form1.hpp"
@@ -109,6 +110,8 @@ int runApplication(int argc, char** argv)
     QObject::connect(&prompt, &Prompt::aboutToAsk, &desktop, &Desktop::changed);
     QObject::connect(&prompt, &Prompt::progress, &form1, &Form1::showProgress);
     form1.showState();
+    provideDictionary(session.files());
+    offerEdition(session.files(), prompt);
     if (QApplication::arguments().contains(QStringLiteral("--senza-apertura"))) {
         form1.show();
     } else {

@@ -146,8 +146,11 @@ TEST_F(SessionTest, InstallingNeverTouchesWhatIsThere)
     drive.files().remove(kDictionaryPath);
     drive.write("C:\\programmi\\Karvel\\DIZIO.TXT", "mio");
     drive.write("C:\\programmi\\Karvel\\gr\\A02.GIF", "mio");
-    EXPECT_EQ(installTree(tree, drive.files().drives()), 1U);
+    EXPECT_EQ(installTree(tree, drive.files().drives()), 2U);
     EXPECT_EQ(drive.read(kDictionaryPath), "mio");
+    host.replace(utf8Path(tree / "dizio.txt"), "ancora nuovo");
+    EXPECT_EQ(installTree(tree, drive.files().drives()), 1U);  // the program's own copy is renewed
+    EXPECT_EQ(drive.read("C:\\programmi\\Karvel\\edizione\\dizio.txt"), "ancora nuovo");
     EXPECT_EQ(drive.read("C:\\programmi\\Karvel\\GR\\a02.gif"), "mio");
     EXPECT_EQ(drive.read("C:\\programmi\\Karvel\\settaggi\\conf.cfg"), " 3\r\n");
     const fs::path copied = drive.host("C:\\programmi\\Karvel\\GR\\a01.gif");

@@ -47,6 +47,19 @@ TEST(Verification, NamesTheLineOfTheFirstDoubtfulRecord)
     }
 }
 
+TEST(Verification, TellsRecordsThatStandTwice)
+{
+    const std::string two = testing::record("a02", "uno");
+    const std::string file = testing::record("a01", "uno") + testing::record("a01", "Uno") +
+                             "a01,uno,x,y\r\n" + two + two + testing::record("a01", "uno", "z");
+    TextSource source(file);
+    std::string told;
+    for (const Double& each : verify(source).doubles) {
+        told += std::to_string(each.line) + "=" + std::to_string(each.first) + " ";
+    }
+    EXPECT_EQ(told, "9=1 14=10 18=1 ");
+}
+
 TEST(Verification, CountsLinesOfALongFile)
 {
     std::string file;

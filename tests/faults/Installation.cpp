@@ -1,5 +1,6 @@
 #include "faults/Installation.hpp"
 
+#include "app/EditionOffer.hpp"
 #include "app/StartUp.hpp"
 #include "app/Views.hpp"
 
@@ -13,6 +14,7 @@ Installation::Installation()
     const std::string below = "C:\\programmi\\Karvel\\";
     // The blank line at the end is overwritten by the next entry.
     drive.write(below + "dizio.txt", record("a01", "uno") + record("b02", "due", "dw", "*foto.gif") + "\r\n");
+    drive.write(below + "edizione\\dizio.txt", record("a01", "uno, il primo") + record("a02", "due"));
     drive.write(below + "GeroLink\\speciale.txt", "PROVA\r\nAltra\r\n");
     drive.write(below + "GeroLink\\prova.txt", "a01\r\nb02\r\na01\r\nc03");
     drive.write(below + "GeroLink\\altra.txt", "d04\r\n");
@@ -63,6 +65,7 @@ const std::vector<Operation>& writings()
          [](Installation& i) {
              i.session.dictionaryInsertion().confirm("c03", {"tre, città", "", "nota"});
          }},
+        {"update the dictionary", [](Installation& i) { updateDictionary(i.drive.files(), i.ui); }},
         {"choose a mode", [](Installation& i) { i.session.modes().choose(Mode::EndsWith, i.drive.files()); }},
         {"choose a colour",
          [](Installation& i) { applyWindowColour(i.drive.files(), i.session.colours(), Colour{123456}); }},

@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "app/EditionOffer.hpp"
 #include "app/Views.hpp"
 #include "compose/Paste.hpp"
 #include "windows/AboutWindow.hpp"
@@ -145,11 +146,14 @@ void Form1::buildMenus()
              QStringLiteral("Int&ernet"),
              {{"connetti", QStringLiteral("&Collegamenti"),
                [this, &session] { openLinkPage(session, *this); }}}});
-    addMenu(
-        {"aiuto",
-         QStringLiteral("I&nfo"),
-         {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] { windows_.open<frmAbout>(); }},
-          {"guida", QStringLiteral("&Guida"), [this] { windows_.open<Guide>(); }, QStringLiteral("F1")}}});
+    addMenu({"aiuto",
+             QStringLiteral("I&nfo"),
+             {{"Info", QStringLiteral("I&nformazioni su Karvel"), [this] { windows_.open<frmAbout>(); }},
+              {"guida", QStringLiteral("&Guida"), [this] { windows_.open<Guide>(); }, QStringLiteral("F1")},
+              {.name = "aggiorna",
+               .caption = QStringLiteral("&Aggiorna dizionario..."),
+               .handler = [&session] { updateDictionary(session.files(), session.ui()); },
+               .separated = true}}});
 }
 
 }  // namespace karvel

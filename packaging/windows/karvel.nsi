@@ -383,9 +383,10 @@ Section "Uninstall"
     Call un.RemoveUnchanged
     Delete "${ROOT}\${LIST}"
     Delete "${ROOT}\${UNINSTALLER}"
-    ; The program's own scratch file: the state before the last sign.
+    ; The program's own scratch files: the state before the last sign, the edition it has asked about.
     Delete "${ROOT}\Undo.dat"
     Delete "${ROOT}\settaggi\edizione.txt"
+    RMDir "${ROOT}\settaggi"
     RMDir "${ROOT}"
     RMDir "C:\programmi"
 

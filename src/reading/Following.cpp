@@ -16,7 +16,7 @@ constexpr float kKindAfter = 0.5F;     ///< added to each count of two parts of 
 constexpr float kByKind = 0.7F;        ///< share of the parts of speech in the last fallback
 constexpr float kKindDiscount = 1.0F;  ///< taken off each count and left to the fallback
 constexpr float kPairDiscount = 0.8F;
-constexpr float kPairFallback = 1.0F;  ///< counts of the fallback in every context
+constexpr float kPairFallback = 3.0F;  ///< counts of the fallback in every context
 constexpr float kTripleDiscount = 0.8F;
 constexpr float kTripleFallback = 3.0F;
 
@@ -80,8 +80,14 @@ Following::Following(const ReadingModel& model, const Lexicon& lexicon)
     }
 }
 
-float Following::probability(std::uint32_t before2, std::uint32_t before, std::uint32_t word) const
+Following::Before Following::after(std::uint32_t before2, std::uint32_t before) const
 {
+    return {before2, before, tripleContexts_.get(keyOf(0, before2, before))};
+}
+
+float Following::probability(const Before& there, std::uint32_t word) const
+{
+    const auto& [before2, before, afterTwo] = there;
     const std::uint32_t kind = kinds_[before];
     float result = kByKind * kindAfter_[kind * kKindNumbers + kinds_[word]] * ofKind_[word] +
                    (1 - kByKind) * plain_[word];
@@ -91,7 +97,6 @@ float Following::probability(std::uint32_t before2, std::uint32_t before, std::u
     const Context& afterWord = pairContexts_[before];
     result = mixed(pairs_.get(keyOf(0, before, word)), afterWord.total, afterWord.different, result,
                    kPairDiscount, kPairFallback);
-    const Context afterTwo = tripleContexts_.get(keyOf(0, before2, before));
     if (afterTwo.total > 0) {
         result = mixed(triples_.get(keyOf(before2, before, word)), afterTwo.total, afterTwo.different, result,
                        kTripleDiscount, kTripleFallback);

@@ -15,15 +15,23 @@ class Following {
     /// `lexicon` is finished and has the words of `model` and perhaps more.
     Following(const ReadingModel& model, const Lexicon& lexicon);
 
-    /// The probability of `word`; above 0 for every word but 0.
-    [[nodiscard]] float probability(std::uint32_t before2, std::uint32_t before, std::uint32_t word) const;
-
-  private:
     /// What was counted after the same words.
     struct Context {
         float total = 0;
         float different = 0;  ///< number of different words
     };
+    /// Two words and what is known of what follows them.
+    struct Before {
+        std::uint32_t before2 = 0;
+        std::uint32_t before = 0;
+        Context triples;
+    };
+    [[nodiscard]] Before after(std::uint32_t before2, std::uint32_t before) const;
+
+    /// The probability of `word` there; above 0 for every word but 0.
+    [[nodiscard]] float probability(const Before& there, std::uint32_t word) const;
+
+  private:
     static void count(float& followed, Context& context, float times);
 
     std::vector<std::uint32_t> kinds_;  ///< by word

@@ -10,14 +10,15 @@ namespace karvel {
 namespace {
 
 constexpr float kNever = -1e30F;
-constexpr std::size_t kNodes = 12;        ///< kept at a position
-constexpr float kNodeGap = 8.0F;          ///< none that is so much worse than the best of its position
-constexpr float kArcGap = 12.0F;          ///< nor an arc
-constexpr float kFollowingWeight = 0.7F;  ///< weight of what follows what, against 1 of how words are written
-constexpr float kEachWord = 0.0F;         ///< for every word
-constexpr float kNoWord = -14.0F;         ///< for a sign that is no word
-constexpr float kAnyWord = -10.0F;        ///< for a word chosen by hand for signs that never write it
-constexpr float kRangeShare = 0.3F;       ///< worth of the right range with a wrong word
+constexpr std::size_t kNodes = 12;  ///< kept at a position
+constexpr float kNodeGap = 8.0F;    ///< none that is so much worse than the best of its position
+constexpr float kArcGap = 10.0F;    ///< nor an arc
+constexpr float kFollowingWeight =
+    0.75F;                           ///< weight of what follows what, against 1 of how words are written
+constexpr float kEachWord = -0.7F;   ///< for every word: fewer and longer ones
+constexpr float kNoWord = -14.0F;    ///< for a sign that is no word
+constexpr float kAnyWord = -10.0F;   ///< for a word chosen by hand for signs that never write it
+constexpr float kRangeShare = 0.3F;  ///< worth of the right range with a wrong word
 constexpr float kWordCost = 0.05F;
 
 /// log(exp(a) + exp(b))
@@ -37,7 +38,7 @@ Lattice::Lattice(const Lexicon& lexicon, const Following& following, SignsView s
     for (Position& position : positions_) {
         position.best = kNever;
     }
-    positions_[0].nodes.push_back({0, 0, 0, kNever});
+    positions_[0].nodes.push_back({0, 0, 0, kNever, following_.after(0, 0)});
     for (std::uint32_t start = 0; start < signs.size(); ++start) {
         settle(positions_[start]);
         while (!fixed.empty() && fixed.front().begin + fixed.front().length <= start) {
@@ -90,7 +91,7 @@ void Lattice::extend(std::uint32_t start, std::size_t length, std::span<const Le
             const Node& node = here.nodes[from];
             float score = written + kEachWord;
             if (word != 0) {
-                score += kFollowingWeight * std::log(following_.probability(node.before, node.word, word));
+                score += kFollowingWeight * std::log(following_.probability(node.known, word));
             }
             const float forward = node.forward + score;
             if (forward > there.best - kArcGap) {
@@ -112,7 +113,7 @@ void Lattice::settle(Position& position)
     for (Arc& arc : position.arcs) {
         std::uint32_t& number = numbers[(std::uint64_t{arc.before} << 32U | arc.word) + 1];
         if (number == 0) {
-            nodes.push_back({arc.before, arc.word, kNever, kNever});
+            nodes.push_back({arc.before, arc.word, kNever, kNever, {}});
             number = static_cast<std::uint32_t>(nodes.size());
         }
         arc.to = number - 1;
@@ -131,6 +132,8 @@ void Lattice::settle(Position& position)
         }
         place[order[i]] = i;
         position.nodes.push_back(nodes[order[i]]);
+        Node& node = position.nodes.back();
+        node.known = following_.after(node.before, node.word);
     }
     std::erase_if(position.arcs, [&](const Arc& arc) { return place[arc.to] == kNodes; });
     for (Arc& arc : position.arcs) {

@@ -47,6 +47,7 @@ class Lattice {
         std::uint32_t word = 0;
         float forward = 0;   ///< logarithm of the sum over all paths to here
         float backward = 0;  ///< and from here to the end
+        Following::Before known;
     };
     struct Arc {
         std::uint32_t before = 0;

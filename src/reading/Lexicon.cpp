@@ -8,17 +8,18 @@ namespace karvel {
 
 namespace {
 
-constexpr std::size_t kLongest = 20;  ///< longer spellings are too few to be worth the time
+constexpr std::size_t kLongest = 20;         ///< longer spellings are too few to be worth the time
+constexpr std::size_t kLongestChanged = 10;  ///< signs of a changed spelling; the time grows with the square
 
 /// A word with n spellings, seen t times, is written in a new way with probability (kNewEach n + kNewOnce) /
 /// (t + kNewAll).
-constexpr float kNewEach = 0.5F;
+constexpr float kNewEach = 0.7F;
 constexpr float kNewOnce = 0.5F;
-constexpr float kNewAll = 1.5F;
-constexpr float kNear = 0.5F;       ///< of the new ways so many differ by one sign from a known one
-constexpr float kAnySign = 0.1F;    ///< of the changes so many are spread over all signs
+constexpr float kNewAll = 2.5F;
+constexpr float kNear = 0.8F;       ///< of the new ways so many differ by one sign from a known one
+constexpr float kAnySign = 0.3F;    ///< of the changes so many are spread over all signs
 constexpr float kUncounted = 0.5F;  ///< added to the count of a word when candidates are compared
-constexpr std::size_t kKept = 8;    ///< candidates for a run of signs
+constexpr std::size_t kKept = 6;    ///< candidates for a run of signs
 
 constexpr std::uint64_t kBase = 0x9E3779B97F4A7C15U;
 
@@ -155,25 +156,18 @@ void Lexicon::finish()
 
 void Lexicon::indexGaps()
 {
+    gapsOf_.reserve(spellings_.size() * 4);
     for (std::uint32_t i = 0; i < spellings_.size(); ++i) {
         const Signs& signs = spellings_[i].signs;
-        if (signs.size() < 2 || signs.size() > kLongest) {
+        if (signs.size() < 2 || signs.size() > kLongestChanged + 1) {
             continue;
         }
         const HashesWithout hashes(signs);
         for (std::uint32_t at = 0; at < signs.size(); ++at) {
-            gaps_.push_back({hashes[at], i, at});
+            std::uint32_t& first = gapsOf_[hashes[at]];
+            gaps_.push_back({i, at, first});
+            first = static_cast<std::uint32_t>(gaps_.size() - 1);
         }
-    }
-    std::ranges::sort(gaps_, {}, &Gap::hash);
-    gapsOf_.reserve(gaps_.size());
-    for (std::uint32_t begin = 0; begin < gaps_.size();) {
-        std::uint32_t end = begin;
-        while (end < gaps_.size() && gaps_[end].hash == gaps_[begin].hash) {
-            ++end;
-        }
-        gapsOf_[gaps_[begin].hash] = {begin, end};
-        begin = end;
     }
 }
 
@@ -196,8 +190,7 @@ void Lexicon::changedSpellings(SignsView signs, std::vector<Candidate>& found) c
         }
     };
     const std::size_t length = signs.size();
-    const GapRange longer = gapsOf_.get(hashOf(signs));
-    for (std::uint32_t i = longer.begin; i < longer.end; ++i) {
+    for (std::uint32_t i = gapsOf_.get(hashOf(signs)); i != 0; i = gaps_[i].next) {
         const Spelling& known = spellings_[gaps_[i].spelling];
         offer(known, changed(Edit::Without, known.signs[gaps_[i].at]) - logOf(length + 1));
     }
@@ -211,8 +204,7 @@ void Lexicon::changedSpellings(SignsView signs, std::vector<Candidate>& found) c
             offer(*shorter,
                   changed(last ? Edit::AtEnd : Edit::Inside, signs[at]) - (last ? 0 : logOf(length - 1)));
         }
-        const GapRange other = gapsOf_.get(hashes[at]);
-        for (std::uint32_t i = other.begin; i < other.end; ++i) {
+        for (std::uint32_t i = gapsOf_.get(hashes[at]); i != 0; i = gaps_[i].next) {
             const Spelling& known = spellings_[gaps_[i].spelling];
             if (gaps_[i].at == at && known.signs[at] != signs[at]) {
                 offer(known, changed(Edit::Other, signs[at]) - logOf(length));
@@ -233,7 +225,9 @@ void Lexicon::candidates(SignsView signs, std::vector<Candidate>& found) const
             all.push_back({use.word, use.exact});
         }
     }
-    changedSpellings(signs, all);
+    if (signs.size() <= kLongestChanged) {
+        changedSpellings(signs, all);
+    }
     const auto weight = [this](const Candidate& candidate) {
         return candidate.score + weights_[candidate.word];
     };

@@ -59,12 +59,9 @@ class Lexicon {
         std::vector<Use> uses;
     };
     struct Gap {
-        std::uint64_t hash = 0;  ///< of the spelling without its sign `at`
         std::uint32_t spelling = 0;
-        std::uint32_t at = 0;
-    };
-    struct GapRange {
-        std::uint32_t begin = 0, end = 0;
+        std::uint32_t at = 0;    ///< the sign that is left out
+        std::uint32_t next = 0;  ///< the next gap with the same hash; 0 none
     };
 
     Spelling& spellingOf(SignsView signs);
@@ -77,8 +74,8 @@ class Lexicon {
     std::unordered_map<std::string, std::uint32_t> numbers_;
     std::vector<Spelling> spellings_;
     FlatMap<std::uint32_t> bySigns_;  ///< hash of the signs: the spelling's number plus one
-    std::vector<Gap> gaps_;           ///< by hash
-    FlatMap<GapRange> gapsOf_;        ///< hash: the range in gaps_
+    std::vector<Gap> gaps_{1};        ///< spellings without one sign; number 0 is none
+    FlatMap<std::uint32_t> gapsOf_;   ///< hash of the signs that are left: the first gap
     std::vector<float> edits_;        ///< logarithms of probabilities, by edit and sign
     std::vector<float> weights_;      ///< logarithms of the words' counts
     std::size_t longest_ = 1;

@@ -211,7 +211,10 @@ bool isRow(Signs row)
     const int width = std::accumulate(row.begin(), row.end(), 0,
                                       [](int sum, const SignTraits* each) { return sum + each->width; });
     const bool small = std::ranges::all_of(row, [](const SignTraits* each) {
-        return each->form == SignForm::Small && each->height <= 600 && each->role != SignRole::Plural;
+        // Town and egg are determinatives: they stand under the loaf of the ending, not beside it.
+        const bool ends = is(*each, "O49") || is(*each, "H8");
+        return each->form == SignForm::Small && each->height <= 600 && each->role != SignRole::Plural &&
+               !ends;
     });
     return small && width <= kFullWidth && row.front()->role != SignRole::Stroke;
 }

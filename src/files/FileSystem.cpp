@@ -120,7 +120,8 @@ void appendTo(HostFile& file, std::string_view bytes, std::optional<std::uint64_
     std::string written(bytes);
     if (end > 0) {
         const char last = file.byteAt(end - 1);
-        if (last != '\n' && last != '\r') {
+        const bool commaEnds = last == ',' && end == recordsEnd;  // a line end would be one more field
+        if (last != '\n' && last != '\r' && !commaEnds) {
             written.insert(0, "\r\n");
         }
     }

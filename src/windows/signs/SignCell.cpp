@@ -41,7 +41,7 @@ void SignCell::paintEvent(QPaintEvent* /*event*/)
     if (!cell_.blank()) {
         constexpr int kMargin = 10;           // logical pixels around the sign
         constexpr qreal kNotOfPhrase = 0.55;  // opacity of a sign that only shows a result
-        painter.setOpacity(cell_.offset < 0 ? kNotOfPhrase : 1);
+        painter.setOpacity(cell_.ofPhrase() ? 1 : kNotOfPhrase);
         pictures_.draw(painter, cell_.path, area.center(), std::min(width(), height()) - kMargin);
         painter.setOpacity(1);
     }

@@ -33,7 +33,8 @@ void fitToText(QTextEdit& view, QSize room)
         longest = std::max(longest, view.fontMetrics().horizontalAdvance(line.text()));
     }
     const int width = std::clamp(longest + 2, kNarrowest, widest);
-    text.setTextWidth(width);
+    view.setLineWrapMode(QTextEdit::FixedPixelWidth);
+    view.setLineWrapColumnOrWidth(width);
     const int height = static_cast<int>(std::ceil(text.size().height()));
     const int highest = std::min(room.height() * 2 / 3, room.height() - kAroundText);
     const bool scrolls = height > highest;

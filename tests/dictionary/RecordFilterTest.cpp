@@ -32,6 +32,8 @@ TEST(RecordFilter, SkipsAllButTheEndOfAFileWithoutTheText)
     }
     EXPECT_EQ(RecordFilter("a01").scan(records(11)).skip, 0U);  // too few for a scan
     EXPECT_EQ(RecordFilter("a01").scan("").skip, 0U);
+    // The first field is a line end, and what stands behind its closing quote belongs to no field.
+    EXPECT_EQ(RecordFilter("a01").scan("\"\r\n" + records(kRecords)).skip, 0U);
 }
 
 TEST(RecordFilter, StopsBeforeTheFirstRecordThatMustBeRead)

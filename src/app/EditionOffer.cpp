@@ -19,7 +19,7 @@ std::string answerFor(std::string_view edition)
     return line;
 }
 
-/// A number as people here write it: 22.625.
+/// A number in the Italian form: 22.625.
 std::string grouped(std::uint64_t number)
 {
     std::string digits = std::to_string(number);
@@ -85,7 +85,7 @@ void askAndUpdate(EditionUpdate& update, const FileSystem& files, UserInterface&
     }
 }
 
-/// Whether the file can be written now, and so after the question too.
+/// Whether the file can be written. Checked before the question, so that a Yes can be carried out.
 bool canKeepAnswer(const FileSystem& files)
 {
     try {

@@ -5,20 +5,21 @@
 
 namespace karvel {
 
-/// Where it is kept which edition the user has been asked about: its checksum.
+/// Holds the checksum of the edition about which the user was asked last.
 inline constexpr std::string_view kEditionAnswerPath = "C:\\programmi\\Karvel\\settaggi\\edizione.txt";
 
 /// The first start of an installation that came without a dictionary: puts the edition in its place. A
-/// dictionary that goes missing later is the user's care. A failure is left to what needs the dictionary.
+/// dictionary that is deleted later is not replaced. A failure here is not reported; the next reading of the
+/// dictionary reports it.
 void provideDictionary(const FileSystem& files);
 
-/// The user has the present edition and need not be asked about it. Where that cannot be kept, the next start
-/// sees it in the dictionary.
+/// Notes that the user has the present edition, so that the next start does not ask. A failure to write the
+/// note is ignored: the next start finds nothing to update.
 void keepEditionAnswer(const FileSystem& files);
 
 /// After start-up: asks, once for each edition, whether the user's dictionary shall be updated to it. Asks
-/// nothing where there is nothing to update, where the files cannot be read, or where the answer could not
-/// be kept. Failures of the update are told to the user.
+/// nothing when there is nothing to update, when the files cannot be read, or when the answer could not be
+/// stored. Failures of the update are reported to the user.
 void offerEdition(const FileSystem& files, UserInterface& ui);
 
 /// The menu "Aggiorna dizionario...": tells what the update would do, asks, and does it. Throws RuntimeError

@@ -36,7 +36,7 @@ bool isDataTree(const fs::path& directory)
     throw RuntimeError(error == std::errc::io_error ? ErrorNumber::DeviceIo : ErrorNumber::PermissionDenied);
 }
 
-/// Copies by way of a name of its own, so that an interrupted copy never looks like the file.
+/// Copies to a temporary name and renames, so that an interrupted copy does not look like the file.
 void copyWhole(const fs::path& from, const fs::path& to)
 {
     fs::path beside = to;

@@ -16,10 +16,10 @@ namespace karvel {
 /// The program's own file.
 [[nodiscard]] std::filesystem::path ownProgram();
 
-/// Copies what is missing below `tree` to C:\programmi\Karvel on `drives`; what is there already is never
-/// touched, but for what is the program's own: the credits, and the copy of the dictionary that updates are
-/// made from. Returns the number of files
-/// copied. Throws RuntimeError; files copied before stay, and none is ever half written.
+/// Copies the files below `tree` that are missing to C:\programmi\Karvel on `drives`. Existing files are not
+/// changed, except two that belong to the program: the credits, and the copy of the dictionary from which
+/// updates are made. Returns the number of files copied. Throws RuntimeError; files copied before stay, and
+/// every file is copied whole or not at all.
 std::size_t installTree(const std::filesystem::path& tree, const Drives& drives);
 
 }  // namespace karvel

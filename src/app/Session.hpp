@@ -24,7 +24,7 @@
 
 namespace karvel {
 
-/// Owns every piece of state that the windows share, and wires the pieces together.
+/// Owns every piece of state that the windows share, and connects the pieces.
 class Session : private SplittingView {
   public:
     /// All four must outlive the session.

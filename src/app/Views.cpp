@@ -10,7 +10,7 @@ namespace karvel {
 
 namespace {
 
-/// A number as people here write it, with a comma where it is not whole.
+/// A number in the Italian form, with a decimal comma.
 std::string decimal(double number)
 {
     char text[32];

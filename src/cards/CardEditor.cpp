@@ -47,7 +47,7 @@ void CardEditor::refill()
     attempt("Non riesco a leggere l'elenco delle schede.", [&] { listed = cards_.list(); });
     names_.clear();
     for (std::string& name : listed) {
-        // A line that somebody else wrote there may be no name of a card; it stays in the file, unused.
+        // The user may have edited the list: a line that is no card name stays in the file and is not used.
         if (!cardNameRefusal(name) && !placeOf(name)) {
             names_.push_back(std::move(name));
         }
@@ -114,7 +114,7 @@ void CardEditor::load(std::size_t index)
     }
 }
 
-/// False when the card's file has gone, and the user has been told so.
+/// False when the card's file is missing; the user has then been told.
 bool CardEditor::isPresent()
 {
     if (cards_.exists(name_)) {

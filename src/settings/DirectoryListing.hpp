@@ -16,7 +16,7 @@ struct DirectoryListing {
 };
 
 /// Lists the directory at `path`, or the nearest one above it that can be read. Touches nothing but the disk,
-/// so that it may run beside the windows: a drive can take its time. Never throws.
+/// so that it can run on another thread: a drive may be slow. Never throws.
 [[nodiscard]] DirectoryListing listDirectory(const Drives& drives, const std::string& path);
 
 /// The directories from the drive's root down to `path`, itself included, each as a whole path.

@@ -105,7 +105,8 @@ bool DictionaryInsertion::refuses(std::string_view codes, const Texts& texts)
                  .icon = Icon::Critical});
         return true;
     }
-    // The display may have been emptied since the dialog was opened; an entry without signs helps nobody.
+    // The display may have been emptied since the dialog was opened; an entry without signs could never be
+    // found.
     if (!mayOpen(codes)) {
         return true;
     }

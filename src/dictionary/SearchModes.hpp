@@ -33,10 +33,6 @@ inline constexpr std::size_t kModes = 6;
 /// The search mode, the ticks of its menu and the heading above the display.
 class SearchModes {
   public:
-    /// The modes' menu items in the order of their numbers, by the names of their controls.
-    static constexpr std::array<std::string_view, kModes> kItems = {"Uguale", "traduci", "Cerca",
-                                                                    "inizia", "finisce", "mancante"};
-
     /// The number as it is stored; it may be no mode.
     [[nodiscard]] std::uint8_t SearchMode() const { return number_; }
 

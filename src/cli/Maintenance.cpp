@@ -1,6 +1,7 @@
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
-#include <ranges>
+#include <span>
 
 #include "app/Installer.hpp"
 #include "cli/Command.hpp"
@@ -24,7 +25,7 @@ Exit verifyFile(const Arguments& given)
         const Verification result = verify(*source);
         output.line(std::to_string(result.records) + " voci");
         constexpr std::size_t kTold = 20;
-        for (const Double& each : result.doubles | std::views::take(kTold)) {
+        for (const Double& each : std::span(result.doubles).first(std::min(result.doubles.size(), kTold))) {
             output.line("osservazione: la voce alla riga " + std::to_string(each.line) +
                         " ha i segni e la traduzione di quella alla riga " + std::to_string(each.first));
         }

@@ -89,7 +89,7 @@ const std::vector<Operation>& readings()
 {
     static const auto search = [](Installation& i, int mode) {
         TranslationLookup(i.drive.files(), i.ui, i.session.resultView(), i.session.last())
-            .run(static_cast<std::uint8_t>(mode), mode == 6 ? "a01p47" : "a01");
+            .run(modeOf(static_cast<std::uint8_t>(mode)), mode == 6 ? "a01p47" : "a01");
     };
     static const std::vector<Operation> kReadings = {
         {"start", [](Installation& i) { (void)formLoad(i.session); }},

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 #include <system_error>
 
+#include "files/HeldFiles.hpp"
 #include "files/HostFile.hpp"
 
 namespace karvel {
@@ -11,6 +13,21 @@ namespace karvel {
 namespace fs = std::filesystem;
 
 namespace {
+
+/// The files that are kept in memory, by host path; a file that nothing was put into since is read from the
+/// disk. One for the whole program, as its data directory is.
+std::map<fs::path, std::optional<std::string>>& heldFiles()
+{
+    static std::map<fs::path, std::optional<std::string>> files;
+    return files;
+}
+
+/// The content in memory that stands for `path`; null for a file that is not held there.
+std::optional<std::string>* held(const fs::path& path)
+{
+    const auto at = heldFiles().find(path);
+    return at == heldFiles().end() ? nullptr : &at->second;
+}
 
 /// A symbolic link stays one: what it points to is replaced.
 fs::path behindLinks(const fs::path& path)
@@ -20,7 +37,7 @@ fs::path behindLinks(const fs::path& path)
     return error ? path : real;
 }
 
-std::string contentOf(HostFile& file, std::size_t limit)
+std::string contentOf(ByteSource& file, std::size_t limit)
 {
     std::string bytes;
     char chunk[16384];
@@ -142,13 +159,15 @@ void appendTo(HostFile& file, std::string_view bytes, std::optional<std::uint64_
 
 std::unique_ptr<ByteSource> FileSystem::open(std::string_view path) const
 {
+    if (const auto* const file = held(drives_.toHost(path)); file != nullptr && *file) {
+        return std::make_unique<TextSource>(**file);
+    }
     return std::make_unique<HostFile>(drives_.toHost(path), HostFile::Mode::Read);
 }
 
 std::string FileSystem::readAll(std::string_view path, std::size_t limit) const
 {
-    HostFile file(drives_.toHost(path), HostFile::Mode::Read);
-    return contentOf(file, limit);
+    return contentOf(*open(path), limit);
 }
 
 FileState FileSystem::state(std::string_view path) const
@@ -168,6 +187,10 @@ bool FileSystem::exists(std::string_view path) const
 
 void FileSystem::replace(std::string_view path, std::string_view bytes, Durability durability) const
 {
+    if (auto* const file = held(drives_.toHost(path))) {
+        *file = bytes;
+        return;
+    }
     const fs::path target = behindLinks(drives_.toHost(path));
     refuseToReplace(target);
     fs::path beside;
@@ -255,6 +278,32 @@ void FileSystem::remove(std::string_view path) const
     if (!mayBeWritten(host) || !fs::remove(host, error)) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
+}
+
+bool canReplace(const FileSystem& files, std::string_view path)
+{
+    const fs::path target = behindLinks(files.drives().toHost(path));
+    std::error_code error;
+    try {
+        refuseToReplace(target);
+        fs::remove(writeBeside(target, {}, Durability::Process, target), error);
+        return true;
+    } catch (const RuntimeError& failure) {
+        if (failure.number() != ErrorNumber::PermissionDenied || !fs::exists(target, error)) {
+            return false;
+        }
+    }
+    try {
+        const HostFile inPlace(target, HostFile::Mode::Rewrite);  // as `replace` does it then
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+void holdInMemory(const FileSystem& files, std::string_view path)
+{
+    heldFiles().try_emplace(files.drives().toHost(path));
 }
 
 }  // namespace karvel

@@ -13,7 +13,9 @@ void PrintPage::fill(std::string_view codes, const SignImages& images, Pictures&
     std::size_t cell = 0;
     for (const std::string_view code : splitCodes(codes.substr(0, kCells * kCodeLength))) {
         const std::string path = images.path(code);
-        pic_[cell++] = {.path = pictures.canLoad(path) ? path : std::string(), .visible = true};
+        pic_[cell++] = {.code = std::string(code),
+                        .path = pictures.canLoad(path) ? path : std::string(),
+                        .visible = true};
     }
     setText(last);
 }
@@ -25,7 +27,8 @@ void PrintPage::clearSigns()
 
 void PrintPage::setText(const LastResult& last)
 {
-    text_ = last.translation + "\n\n" + last.note;
+    translation_ = last.translation;
+    note_ = last.note;
 }
 
 SheetBox PrintPage::cellBox(std::size_t cell, int width) const

@@ -32,10 +32,12 @@ class PrintPage {
     /// The label hangs so far below the top of the row, and its text begins so far below its own top: under
     /// the signs.
     static constexpr int kLabelDrop = 300;
-    static constexpr int kLabelInset = 540;
+    static constexpr int kLabelInset = 480;
     static constexpr int kFontHeight = 240;  ///< 12 points
+    static constexpr int kNoteHeight = 180;  ///< 9 points: of the note's font
 
     struct Cell {
+        std::string code;
         std::string path;  ///< of the image, in the system's form; empty when the cell shows nothing
         bool visible = false;
     };
@@ -50,10 +52,12 @@ class PrintPage {
     [[nodiscard]] const std::array<Cell, kCells>& pic() const { return pic_; }
 
     /// The caption of `Label1`: translation and note, parted by two line feeds.
-    [[nodiscard]] const std::string& text() const { return text_; }
+    [[nodiscard]] std::string text() const { return translation_ + "\n\n" + note_; }
+    [[nodiscard]] const std::string& translation() const { return translation_; }
+    [[nodiscard]] const std::string& note() const { return note_; }
     void setText(const LastResult& last);
     /// Whether there is nothing to print but line feeds.
-    [[nodiscard]] bool textEmpty() const { return text_ == "\n\n"; }
+    [[nodiscard]] bool textEmpty() const { return translation_.empty() && note_.empty(); }
     [[nodiscard]] bool labelVisible() const { return labelVisible_; }
     void setLabelVisible(bool visible) { labelVisible_ = visible; }
 
@@ -73,7 +77,8 @@ class PrintPage {
 
   private:
     std::array<Cell, kCells> pic_;
-    std::string text_ = "\n\n";
+    std::string translation_;
+    std::string note_;
     bool labelVisible_ = true;
     int rowTop_ = 0;
     int labelTop_ = kLabelDrop;

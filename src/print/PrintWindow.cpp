@@ -16,6 +16,12 @@ bool preparePrint(PrintPage& page, std::string_view codes, const SignImages& ima
     return true;
 }
 
+std::string PrintWindow::remarks(int height) const
+{
+    const bool onNext = textIncluded_ && !page_.textEmpty() && !page_.textBeginsHere(height);
+    return onNext ? "Il testo comincia sul foglio seguente." : "";
+}
+
 void PrintWindow::toggleText()
 {
     textIncluded_ = !textIncluded_;
@@ -27,6 +33,7 @@ void PrintWindow::scrolled(int value)
     maximum_ = textIncluded_ ? kLowestWithText : kLowestSignsOnly;
     position_ = std::clamp(value, 0, maximum_);
     page_.moveRow(position_);
+    page_.moveLabel(position_ + PrintPage::kLabelDrop);
 }
 
 bool PrintWindow::startPrint(const LastResult& last, UserInterface& ui)
@@ -43,7 +50,6 @@ bool PrintWindow::startPrint(const LastResult& last, UserInterface& ui)
             return false;
         }
     }
-    page_.moveLabel(position_ + PrintPage::kLabelDrop);
     return true;
 }
 

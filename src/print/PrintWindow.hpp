@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "base/UserInterface.hpp"
@@ -38,13 +39,16 @@ class PrintWindow {
     [[nodiscard]] int previewRowTop() const { return position_; }
     [[nodiscard]] int previewTextTop() const { return position_ + kPreviewTextDrop; }
 
+    /// What the user should know about the text on a page `height` high, a line for each; often empty.
+    [[nodiscard]] std::string remarks(int height) const;
+
     void toggleText();
 
     /// The scroll bar stands at `value`; beyond the range that is now in force it is moved back into it.
     void scrolled(int value);
 
-    /// The print button: asks where there is no text although it is wanted, and lays the page out. True when
-    /// the page is to be printed.
+    /// The print button: asks where there is no text although it is wanted. True when the page is to be
+    /// printed.
     [[nodiscard]] bool startPrint(const LastResult& last, UserInterface& ui);
 
     /// The window closes.

@@ -13,6 +13,7 @@
 
 #include "Version.hpp"
 #include "app/EditionOffer.hpp"
+#include "app/ReadOnlyData.hpp"
 #include "app/StartUp.hpp"
 #include "windows/SplashWindow.hpp"
 #include "windows/main/Form1.hpp"
@@ -112,6 +113,7 @@ int runApplication(int argc, char** argv)
     form1.showState();
     provideDictionary(session.files());
     offerEdition(session.files(), prompt);
+    keepInMemoryWhatCannotBeWritten(session.files(), prompt);
     if (QApplication::arguments().contains(QStringLiteral("--senza-apertura"))) {
         form1.show();
     } else {

@@ -40,7 +40,7 @@ form9::form9(Desktop& desktop, QWidget* parent, ChoosePrinter choosePrinter)
     : QDialog(parent),
       desktop_(desktop),
       choosePrinter_(std::move(choosePrinter)),
-      sheet_(new form7(desktop.pictures(), this)),
+      sheet_(new form7(desktop, this)),
       window_(sheet_->page())
 {
     setObjectName(QStringLiteral("form9"));
@@ -116,6 +116,9 @@ void form9::build()
                        "in alto o in basso."),
         this);
     hint->setWordWrap(true);
+    remarks_ = new QLabel(this);
+    remarks_->setObjectName(QStringLiteral("avviso"));
+    remarks_->setWordWrap(true);
     command1_ = button("Command1", {}, &form9::toggle);
     QPushButton* const print = button("Command2", QStringLiteral("Stampa..."), &form9::print);
     print->setDefault(true);
@@ -127,6 +130,7 @@ void form9::build()
     column->addWidget(command1_);
     column->addWidget(new QLabel(QStringLiteral("Posizione sul foglio:"), this));
     column->addLayout(position);
+    column->addWidget(remarks_);
     column->addStretch(1);
     column->addWidget(print);
     column->addWidget(leave);
@@ -153,6 +157,7 @@ void form9::showState()
     command1_->setText(qtext(window_.toggleCaption()));
     command1_->setAccessibleName(command1_->text());
     preview_->showPage(window_);
+    remarks_->setText(qtext(window_.remarks(preview_->sheet().height())).trimmed());
 }
 
 void form9::toggle()
@@ -169,13 +174,10 @@ void form9::print()
         }
         if (!printer_) {
             printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-            if (!printer_->pageLayout().isValid()) {
-                printer_->setPageSize(QPageSize(QPageSize::A4));
-            }
-            printer_->setDocName(QStringLiteral("Karvel"));
+            form7::setUp(*printer_);
         }
         if (choosePrinter_(*printer_, this)) {
-            preview_->setPaper(printer_->pageLayout().pageSize().sizePoints() * kUnitsPerPoint);
+            preview_->setSheet(Sheet::of(printer_->pageLayout()));
             const BusyPointer hourglass(session.ui());
             sheet_->print(*printer_);
         }

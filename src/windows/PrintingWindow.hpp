@@ -57,6 +57,7 @@ class form9 : public QDialog {
     QScrollBar* vScroll1_ = nullptr;
     QLineEdit* text1_ = nullptr;
     QLabel* millimetres_ = nullptr;
+    QLabel* remarks_ = nullptr;
     QPushButton* command1_ = nullptr;
 };
 

@@ -6,15 +6,11 @@
 #include <algorithm>
 
 #include "print/PrintWindow.hpp"
-#include "windows/PrintSheet.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
 
 namespace {
-
-constexpr int kMargin = PrintPage::kMargin;
-constexpr QSize kA4(11906, 16838);  // 1/1440 inch
 
 QLabel* piece(QWidget* parent, std::size_t index, const QString& meaning)
 {
@@ -30,8 +26,7 @@ SheetPreview::SheetPreview(const form7& sheet, QWidget* parent)
     : QWidget(parent),
       sheet_(sheet),
       row_(piece(this, 0, QStringLiteral("anteprima: riga dei segni"))),
-      text_(piece(this, 1, QStringLiteral("anteprima: testo"))),
-      paper_(kA4)
+      text_(piece(this, 1, QStringLiteral("anteprima: testo")))
 {
     setAccessibleName(QStringLiteral("anteprima del foglio"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -45,10 +40,10 @@ void SheetPreview::showPage(const PrintWindow& window)
     arrange();
 }
 
-void SheetPreview::setPaper(QSize paper)
+void SheetPreview::setSheet(const Sheet& sheet)
 {
-    if (!paper.isEmpty()) {
-        paper_ = paper;
+    if (sheet.width() > 0 && sheet.height() > 0) {
+        paper_ = sheet;
         arrange();
         update();
     }
@@ -56,28 +51,30 @@ void SheetPreview::setPaper(QSize paper)
 
 qreal SheetPreview::scale() const
 {
-    return std::min((width() - 6) / qreal(paper_.width()), (height() - 6) / qreal(paper_.height()));
+    return std::min((width() - 6) / qreal(paper_.paper.width()),
+                    (height() - 6) / qreal(paper_.paper.height()));
 }
 
 QRectF SheetPreview::paperOnScreen() const
 {
-    const QSizeF size = QSizeF(paper_) * scale();
+    const QSizeF size = QSizeF(paper_.paper) * scale();
     return {QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size};
 }
 
 void SheetPreview::arrange()
 {
     place(*row_, rowTop_, PrintPage::kCellSide, false);
-    place(*text_, textTop_, paper_.height() - 2 * kMargin - textTop_, true);
-    text_->setVisible(textIncluded_);
+    place(*text_, textTop_, paper_.height() - textTop_, true);
+    text_->setVisible(textIncluded_ && sheet_.page().textBeginsHere(paper_.height()));
 }
 
 void SheetPreview::place(QLabel& label, int top, int height, bool text)
 {
-    const int width = paper_.width() - 2 * kMargin;
+    const int width = paper_.width();
     const QRectF paper = paperOnScreen();
-    const QRect place = QRectF(paper.left() + kMargin * scale(), paper.top() + (kMargin + top) * scale(),
-                               width * scale(), std::max(0, height) * scale())
+    const QRect place = QRectF(paper.left() + paper_.margins.left() * scale(),
+                               paper.top() + (paper_.margins.top() + top) * scale(), width * scale(),
+                               std::max(0, height) * scale())
                             .toAlignedRect();
     label.setGeometry(place);
     if (place.isEmpty()) {
@@ -110,9 +107,8 @@ void SheetPreview::paintEvent(QPaintEvent* /*event*/)
     painter.fillRect(paper, Qt::white);
     painter.setPen(QPen(QColor(120, 120, 120), 1));
     painter.drawRect(paper);
-    const qreal margin = kMargin * scale();
     painter.setPen(QPen(QColor(200, 205, 210), 1, Qt::DotLine));
-    painter.drawRect(paper.adjusted(margin, margin, -margin, -margin));
+    painter.drawRect(paper.marginsRemoved(QMarginsF(paper_.margins) * scale()));
 }
 
 void SheetPreview::resizeEvent(QResizeEvent* event)

@@ -2,11 +2,12 @@
 
 #include <QWidget>
 
+#include "windows/PrintSheet.hpp"
+
 class QLabel;
 
 namespace karvel {
 
-class form7;
 class PrintWindow;
 
 /// The sheet at a small scale, with the row of signs (`Label1(0)`) and the text (`Label1(1)`) in place.
@@ -20,8 +21,8 @@ class SheetPreview : public QWidget {
     /// Shows the page as `window` now lays it out.
     void showPage(const PrintWindow& window);
 
-    /// The size of the paper in units of 1/1440 inch.
-    void setPaper(QSize paper);
+    [[nodiscard]] const Sheet& sheet() const { return paper_; }
+    void setSheet(const Sheet& sheet);
 
     [[nodiscard]] QSize sizeHint() const override { return {360, 500}; }
     [[nodiscard]] QSize minimumSizeHint() const override { return {180, 250}; }
@@ -39,7 +40,7 @@ class SheetPreview : public QWidget {
     const form7& sheet_;
     QLabel* row_;
     QLabel* text_;
-    QSize paper_;
+    Sheet paper_;
     int rowTop_ = 0;
     int textTop_ = 0;
     bool textIncluded_ = true;

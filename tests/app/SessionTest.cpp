@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/Installer.hpp"
+#include "app/ReadOnlyData.hpp"
 #include "app/Views.hpp"
 #include "compose/UndoFile.hpp"
 #include "support/ScriptedUi.hpp"
@@ -131,6 +132,30 @@ TEST_F(SessionTest, APictureIsLookedForAsItIsAndThenInTheInstallation)
         session.resultView().showPicture(name);
         EXPECT_EQ(windows.opened.back(), opened);
     }
+}
+
+TEST_F(SessionTest, WhatCannotBeWrittenIsToldOnceAndKeptInMemory)
+{
+    keepInMemoryWhatCannotBeWritten(session.files(), ui);
+    const auto present = std::distance(fs::directory_iterator(drive.host(kUndoPath).parent_path()), {});
+    fs::create_directory(drive.host(kUndoPath));
+    ui.expect({.title = "Attenzione",
+               .text = "La directory dei dati C:\\programmi\\Karvel non si può scrivere.\n\n"
+                       "Si può comporre e cercare come sempre, ma alla chiusura del programma non "
+                       "resteranno: lo stato per Undo, il modo di ricerca, i colori e la directory dei "
+                       "geroglifici.",
+               .icon = Icon::Exclamation});
+    keepInMemoryWhatCannotBeWritten(session.files(), ui);
+    session.palette().press(0);
+    session.palette().press(1);
+    undo(session);
+    EXPECT_EQ(session.display().DisplayCodes(), "a01");
+    session.modes().choose(Mode::EndsWith, session.files());
+    applyWindowColour(session.files(), session.colours(), Colour::rgb(1, 2, 3));
+    rereadColours(session.files(), session.colours());
+    EXPECT_EQ(session.colours().window, Colour::rgb(1, 2, 3));
+    EXPECT_EQ(drive.read(kSearchModePath), " 3\r\n");
+    EXPECT_EQ(std::distance(fs::directory_iterator(drive.host(kUndoPath).parent_path()), {}), present + 1);
 }
 
 TEST_F(SessionTest, InstallingNeverTouchesWhatIsThere)

@@ -81,6 +81,8 @@ TEST_F(Print, AsksBeforePrintingWithoutTheTextThatIsWanted)
     EXPECT_EQ(page_.cellBox(1, 8391).top, 1200);
     EXPECT_FALSE(page_.textBeginsHere(2200));  // on the next page: no line has room on this one
     EXPECT_TRUE(page_.textBeginsHere(2300));
+    EXPECT_EQ(window_.remarks(2219), "Il testo comincia sul foglio seguente.");
+    EXPECT_EQ(window_.remarks(2220), "");
     EXPECT_EQ(page_.textBox(8391, 14000).top, 1200 + 300 + PrintPage::kLabelInset);
 }
 

@@ -63,6 +63,12 @@ int topOf(const QString& word)
     return match.hasMatch() ? qRound(match.captured(1).toDouble() * 20) : -1;
 }
 
+/// The list of the images in the sheet, below two lines of headings.
+QString images()
+{
+    return run(QStringLiteral("pdfimages"), {"-list", "foglio.pdf"});
+}
+
 QString info()
 {
     return run(QStringLiteral("pdfinfo"), {"foglio.pdf"});
@@ -147,7 +153,7 @@ class PrintingWindowTest : public QObject {
         QVERIFY2(info().contains(QStringLiteral("612 x 792 pts (letter)")), qPrintable(info()));
         QVERIFY(info().contains(QRegularExpression(kOnePage)));
         const int rowTop = kMargin + kPosition;
-        const int textTop = rowTop + 840;
+        const int textTop = rowTop + 780;
         QVERIFY(qAbs(topOf(QStringLiteral("CITTÀ")) - textTop) < 100);
         QVERIFY(topOf(QStringLiteral("luogo")) > topOf(QStringLiteral("SOLE")) + 400);
         run(QStringLiteral("pdftoppm"), {"-r", "144", "-gray", "-singlefile", "-png", pdf_, "foglio"});
@@ -159,11 +165,12 @@ class PrintingWindowTest : public QObject {
             QVERIFY(!ink(picture, left + 770, rowTop, left + 800, rowTop + 760));
         }
         QVERIFY(!ink(picture, kMargin + 12 * 800, rowTop, right, textTop));
+        QVERIFY(ink(picture, kMargin, rowTop, kMargin + 2 * kDots, rowTop + 760));  // flush with the text
         // Columns of the list: page, number, type, width, height, ..., x-ppi at the thirteenth.
-        const QString images = run(QStringLiteral("pdfimages"), {"-list", pdf_});
         const QStringList first =
-            images.section(QLatin1Char('\n'), 2, 2).simplified().split(QLatin1Char(' '));
-        QVERIFY2(first.value(12).toInt() >= 300, qPrintable(images));
+            images().section(QLatin1Char('\n'), 2, 2).simplified().split(QLatin1Char(' '));
+        QVERIFY2(first.value(12).toInt() >= 300, qPrintable(images()));
+        QVERIFY2(!images().contains(QStringLiteral("mask")), qPrintable(images()));
     }
 
     void asksBeforePrintingWithoutText()

@@ -1,0 +1,31 @@
+#include "app/ReadOnlyData.hpp"
+
+#include <algorithm>
+#include <array>
+
+#include "compose/SignImages.hpp"
+#include "compose/UndoFile.hpp"
+#include "dictionary/SearchModes.hpp"
+#include "files/HeldFiles.hpp"
+#include "settings/Colours.hpp"
+
+namespace karvel {
+
+void keepInMemoryWhatCannotBeWritten(const FileSystem& files, UserInterface& ui)
+{
+    constexpr std::array kKept = {kUndoPath, kSearchModePath, kDisplayColourPath, kWindowColourPath,
+                                  kGlyphDirectoryPath};
+    if (std::ranges::all_of(kKept, [&](std::string_view path) { return canReplace(files, path); })) {
+        return;
+    }
+    for (const std::string_view path : kKept) {
+        holdInMemory(files, path);
+    }
+    ui.ask({.title = "Attenzione",
+            .text = "La directory dei dati C:\\programmi\\Karvel non si può scrivere.\n\n"
+                    "Si può comporre e cercare come sempre, ma alla chiusura del programma non resteranno: "
+                    "lo stato per Undo, il modo di ricerca, i colori e la directory dei geroglifici.",
+            .icon = Icon::Exclamation});
+}
+
+}  // namespace karvel

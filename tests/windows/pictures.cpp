@@ -1,5 +1,6 @@
 // Takes a picture of every window, for the guide and for whoever judges how they look:
 //   make_pictures DIRECTORY
+#include <QCheckBox>
 #include <QDir>
 #include <QPainter>
 #include <QTest>
@@ -128,6 +129,16 @@ int main(int argc, char** argv)
     take(*stage.windows().opened<form9>(), directory);
     stage.windows().opened<form9>()->close();
     open<Ingrandimento>(stage, directory);
+    {
+        Ingrandimento inBlocks(stage.desktop(), nullptr);
+        inBlocks.setObjectName(QStringLiteral("ingrandimento-blocchi"));
+        inBlocks.setAttribute(Qt::WA_DeleteOnClose, false);
+        inBlocks.show();
+        for (const char* const box : {"blocchi", "cartiglio"}) {
+            control<QCheckBox>(&inBlocks, box)->setChecked(true);
+        }
+        take(inBlocks, directory);
+    }
     open<Inserimento>(stage, directory);
     open<Form2>(stage, directory);
     open<Numerals>(stage, directory);

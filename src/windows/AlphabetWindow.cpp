@@ -19,8 +19,8 @@ namespace {
 
 constexpr int kColumns = 8;
 // Logical pixels.
-constexpr int kNameHeight = 132;      // of the part that shows the name in its cartouche
-constexpr int kNameBlockHeight = 80;  // of the blocks in it; a long name is drawn smaller
+constexpr int kNameHeight = 132;       // of the part that shows the name in its cartouche
+constexpr int kNameBlockHeight = 108;  // of the cartouche; a long name is drawn smaller
 
 QPushButton* pushButton(const char* name, const QString& caption, const QString& spoken, QWidget* parent)
 {

@@ -2,6 +2,7 @@
 //   make_pictures DIRECTORY
 #include <QCheckBox>
 #include <QDir>
+#include <QMessageBox>
 #include <QPainter>
 #include <QTest>
 #include <fstream>

@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
+#include <QStandardPaths>
 #include <array>
 
 #include "windows/support/Desktop.hpp"
@@ -65,7 +66,7 @@ QString chosenFile(QWidget& parent)
     for (const QString& suffix : suffixes) {
         filters += QStringLiteral("%1 (*.%2)").arg(suffix.toUpper(), suffix);
     }
-    QFileDialog dialog(&parent, kTitle);
+    QFileDialog dialog(&parent, kTitle, QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters(filters);

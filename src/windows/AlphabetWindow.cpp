@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 
 #include "base/SignRepertoire.hpp"
-#include "windows/signs/PhraseStrip.hpp"
+#include "windows/signs/PhraseBlocks.hpp"
 #include "windows/signs/SignSheet.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
@@ -18,6 +18,9 @@ namespace karvel {
 namespace {
 
 constexpr int kColumns = 8;
+// Logical pixels.
+constexpr int kNameHeight = 132;       // of the part that shows the name in its cartouche
+constexpr int kNameBlockHeight = 108;  // of the cartouche; a long name is drawn smaller
 
 QPushButton* pushButton(const char* name, const QString& caption, const QString& spoken, QWidget* parent)
 {
@@ -35,7 +38,7 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
     : QDialog(parent),
       desktop_(desktop),
       text1_(new QLineEdit(this)),
-      signs_(new PhraseStrip(desktop, this)),
+      signs_(new PhraseBlocks(desktop, QStringLiteral("Qui il nome compare nel cartiglio."), this)),
       count_(new QLabel(this)),
       chart_(new SignSheet(desktop, QStringLiteral("ALFABETO"),
                            QStringLiteral("I segni fonetici e le lettere che scrivono. Le vocali, che gli "
@@ -53,6 +56,7 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
     text1_->setClearButtonEnabled(true);
     caption->setBuddy(text1_);
     signs_->setObjectName(QStringLiteral("signs"));
+    signs_->setFixedHeight(kNameHeight);
     count_->setObjectName(QStringLiteral("count"));
     chart_->setObjectName(QStringLiteral("chart"));
     fillChart();
@@ -70,13 +74,18 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
     line->addWidget(text1_, 1);
     line->addWidget(go);
     auto* const below = new QHBoxLayout;
+    const PictureButtons pictures = pictureButtons(this);
+    connect(pictures.copy, &QPushButton::clicked, signs_, &PhraseBlocks::copy);
+    connect(pictures.save, &QPushButton::clicked, signs_, &PhraseBlocks::save);
     below->addWidget(count_, 1);
+    below->addWidget(pictures.copy);
+    below->addWidget(pictures.save);
     below->addWidget(print);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(12, 12, 12, 10);
     column->setSpacing(8);
-    column->addLayout(line);
     column->addWidget(signs_);
+    column->addLayout(line);
     column->addWidget(scrolling(chart_), 1);
     column->addLayout(below);
     text1_->setFocus();
@@ -104,7 +113,7 @@ void Form2::transcribeName()
     });
     // On a small screen this window covers the display, so it shows the signs itself too.
     const std::string& codes = desktop_.session().last().foundCodes;
-    signs_->setCodes(codes);
+    signs_->setPicture({.codes = codes, .look = {.ring = true}, .blockHeight = kNameBlockHeight});
     const std::size_t signs = codes.size() / kCodeLength;
     count_->setText(signs > DisplayLine::kCells
                         ? QStringLiteral("Segni: %1; il display mostra i primi 12.").arg(signs)

@@ -8,7 +8,7 @@ class QLineEdit;
 namespace karvel {
 
 class Desktop;
-class PhraseStrip;
+class PhraseBlocks;
 class SignSheet;
 
 /// "Alfabeto": the chart of the phonetic signs, and a box for a name to be written with them.
@@ -24,7 +24,7 @@ class Form2 : public QDialog {
 
     Desktop& desktop_;
     QLineEdit* text1_;
-    PhraseStrip* signs_;
+    PhraseBlocks* signs_;
     QLabel* count_;
     SignSheet* chart_;
 };

@@ -1,14 +1,18 @@
 #include "windows/MagnifierWindow.hpp"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSpinBox>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include "base/SignCode.hpp"
 #include "windows/signs/MagnifiedPhrase.hpp"
+#include "windows/signs/PhraseBlocks.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/ScreenFit.hpp"
 #include "windows/support/Theme.hpp"
@@ -31,43 +35,134 @@ void placeBelowDisplay(QWidget& window, const QWidget& mainWindow)
     keepOnScreen(window);
 }
 
+QCheckBox* checkBox(const char* name, const QString& caption, QWidget* parent)
+{
+    auto* const made = new QCheckBox(caption, parent);
+    made->setObjectName(QLatin1String(name));
+    return made;
+}
+
+QScrollArea* scrolled(QWidget* content, const char* name, const QString& spoken, QWidget* parent)
+{
+    auto* const area = new QScrollArea(parent);
+    area->setObjectName(QLatin1String(name));
+    area->setAccessibleName(spoken);
+    area->setFrameShape(QFrame::StyledPanel);
+    area->setWidget(content);
+    return area;
+}
+
 }  // namespace
 
 Ingrandimento::Ingrandimento(Desktop& desktop, QWidget* parent)
     : QDialog(parent),
       desktop_(desktop),
       phrase_(new MagnifiedPhrase(desktop.pictures(), nullptr)),
-      area_(new QScrollArea(this)),
-      count_(new QLabel(this))
+      area_(scrolled(phrase_, "vista", QStringLiteral("frase ingrandita"), this)),
+      blocks_(new PhraseBlocks(desktop, QStringLiteral("Il display è vuoto."), nullptr)),
+      blocksArea_(scrolled(blocks_, "vistaBlocchi", QStringLiteral("frase in blocchi"), this)),
+      views_(new QStackedWidget(this)),
+      count_(new QLabel(this)),
+      inBlocks_(checkBox("blocchi", QStringLiteral("A &blocchi"), this)),
+      ring_(checkBox("cartiglio", QStringLiteral("Ca&rtiglio"), this)),
+      fromRight_(checkBox("destra", QStringLiteral("Da &destra a sinistra"), this)),
+      inColumns_(checkBox("colonna", QStringLiteral("In c&olonna"), this)),
+      height_(new QSpinBox(this))
 {
     setObjectName(QStringLiteral("Ingrandimento"));
     setWindowTitle(QStringLiteral("Ingrandimento"));
     setAttribute(Qt::WA_DeleteOnClose);
-    area_->setObjectName(QStringLiteral("vista"));
-    area_->setAccessibleName(QStringLiteral("frase ingrandita"));
-    area_->setFrameShape(QFrame::StyledPanel);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area_->setWidget(phrase_);
+    blocks_->setObjectName(QStringLiteral("frasePerBlocchi"));
+    views_->addWidget(area_);
+    views_->addWidget(blocksArea_);
     count_->setObjectName(QStringLiteral("Label1"));
-    auto* const close = new QPushButton(QStringLiteral("Chiudi"), this);
-    close->setObjectName(QStringLiteral("Command1"));
-    close->setAccessibleName(QStringLiteral("chiudi"));
-    close->setDefault(true);
-    connect(close, &QPushButton::clicked, this, &Ingrandimento::close);
-    auto* const line = new QHBoxLayout;
-    line->addWidget(count_);
-    line->addStretch(1);
-    line->addWidget(close);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(12, 12, 12, 12);
-    column->addWidget(area_, 1);
-    column->addLayout(line);
+    column->addWidget(switches());
+    column->addWidget(views_, 1);
+    column->addWidget(buttons());
     resize(860, 420);
     if (parent != nullptr) {
         placeBelowDisplay(*this, *parent);
     }
     connect(&desktop_, &Desktop::changed, this, &Ingrandimento::showPhrase);
     showPhrase();
+}
+
+/// The switches of the view in blocks; only the first one works without it.
+QWidget* Ingrandimento::switches()
+{
+    auto* const bar = new QWidget(this);
+    auto* const line = new QHBoxLayout(bar);
+    line->setContentsMargins(0, 0, 0, 0);
+    for (QCheckBox* const box : {inBlocks_, ring_, fromRight_, inColumns_}) {
+        line->addWidget(box);
+        connect(box, &QCheckBox::toggled, this, &Ingrandimento::showPicture);
+    }
+    height_->setObjectName(QStringLiteral("altezza"));
+    height_->setAccessibleName(QStringLiteral("altezza dei blocchi, in pixel"));
+    height_->setRange(16, 400);
+    height_->setSingleStep(8);
+    height_->setValue(96);
+    height_->setSuffix(QStringLiteral(" px"));
+    connect(height_, &QSpinBox::valueChanged, this, &Ingrandimento::showPicture);
+    auto* const caption = new QLabel(QStringLiteral("Alte&zza:"), bar);
+    caption->setBuddy(height_);
+    line->addStretch(1);
+    line->addWidget(caption);
+    line->addWidget(height_);
+    return bar;
+}
+
+QWidget* Ingrandimento::buttons()
+{
+    auto* const bar = new QWidget(this);
+    auto* const close = new QPushButton(QStringLiteral("Chiudi"), bar);
+    close->setObjectName(QStringLiteral("Command1"));
+    close->setAccessibleName(QStringLiteral("chiudi"));
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, this, &Ingrandimento::close);
+    auto* const line = new QHBoxLayout(bar);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(count_);
+    line->addStretch(1);
+    const PictureButtons pictures = pictureButtons(bar);
+    // Pictures are of the phrase in blocks, so that is what is shown from then on.
+    connect(pictures.copy, &QPushButton::clicked, this, [this] {
+        showBlocks();
+        blocks_->copy();
+    });
+    connect(pictures.save, &QPushButton::clicked, this, [this] {
+        showBlocks();
+        blocks_->save();
+    });
+    line->addWidget(pictures.copy);
+    line->addWidget(pictures.save);
+    line->addWidget(close);
+    return bar;
+}
+
+void Ingrandimento::showBlocks()
+{
+    inBlocks_->setChecked(true);
+}
+
+/// Shows the view that is chosen, and the phrase in blocks as the switches say.
+void Ingrandimento::showPicture()
+{
+    const bool inBlocks = inBlocks_->isChecked();
+    for (QWidget* const control : std::initializer_list<QWidget*>{ring_, fromRight_, inColumns_, height_}) {
+        control->setEnabled(inBlocks);
+    }
+    views_->setCurrentWidget(inBlocks ? blocksArea_ : area_);
+    PhrasePicture picture{.codes = desktop_.session().display().DisplayCodes(),
+                          .blockHeight = height_->value()};
+    picture.look.ring = ring_->isChecked();
+    picture.look.placement.rightToLeft = fromRight_->isChecked();
+    picture.look.placement.columns = inColumns_->isChecked();
+    blocks_->setPicture(std::move(picture));
+    fit();
 }
 
 void Ingrandimento::showPhrase()
@@ -83,13 +178,32 @@ void Ingrandimento::showPhrase()
                                       : QStringLiteral("%1 segni").arg(signs.size()));
     const bool longer = signs.size() > phrase_->signs().size();
     phrase_->setSigns(std::move(signs));
-    fit();
+    showPicture();
     if (longer) {
         area_->ensureVisible(0, phrase_->height());  // the sign just added
     }
 }
 
 void Ingrandimento::fit()
+{
+    fitSigns();
+    fitBlocks();
+}
+
+void Ingrandimento::fitBlocks()
+{
+    QSize view = blocksArea_->maximumViewportSize();
+    blocks_->fit(view);
+    if (blocks_->height() > view.height()) {  // the scroll bars narrow the view
+        view.rwidth() -= blocksArea_->verticalScrollBar()->sizeHint().width();
+        blocks_->fit(view);
+    } else if (blocks_->width() > view.width()) {
+        view.rheight() -= blocksArea_->horizontalScrollBar()->sizeHint().height();
+        blocks_->fit(view);
+    }
+}
+
+void Ingrandimento::fitSigns()
 {
     QSize view = area_->maximumViewportSize();
     phrase_->fit(view);

@@ -11,9 +11,6 @@ namespace karvel {
 
 namespace {
 
-/// Room around the writing, in the unit of the placement.
-constexpr double kMargin = 60;
-
 /// Appends text and numbers with at most one decimal.
 class Writer {
   public:
@@ -191,12 +188,12 @@ Svg svgOf(const Placement& placement, double blockPixels, std::string_view title
 {
     Svg made;
     Writer svg(made.text);
-    const double width = placement.width + 2 * kMargin;
-    const double height = placement.height + 2 * kMargin;
+    const double width = placement.width + 2 * kPictureMargin;
+    const double height = placement.height + 2 * kPictureMargin;
     const double scale = blockPixels / kBlockHeight;
     svg << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << width * scale << "\" height=\""
-        << height * scale << "\" viewBox=\"" << -kMargin << ' ' << -kMargin << ' ' << width << ' ' << height
-        << "\">\n<title>" << escaped(title) << "</title>\n";
+        << height * scale << "\" viewBox=\"" << -kPictureMargin << ' ' << -kPictureMargin << ' ' << width
+        << ' ' << height << "\">\n<title>" << escaped(title) << "</title>\n";
     for (const PlacedSign& sign : placement.signs) {
         const SignDrawing& drawing = drawings.of(sign.code);
         if (sign.drawn && drawing.outline) {

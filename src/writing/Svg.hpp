@@ -9,6 +9,9 @@
 
 namespace karvel {
 
+/// Room around the writing in a picture, in the unit of the placement.
+inline constexpr double kPictureMargin = 60;
+
 struct Svg {
     std::string text;  ///< UTF-8
     std::vector<std::string>

@@ -1,6 +1,8 @@
 // Takes a picture of every window, for the guide and for whoever judges how they look:
 //   make_pictures DIRECTORY
+#include <QCheckBox>
 #include <QDir>
+#include <QMessageBox>
 #include <QPainter>
 #include <QTest>
 #include <fstream>
@@ -128,6 +130,16 @@ int main(int argc, char** argv)
     take(*stage.windows().opened<form9>(), directory);
     stage.windows().opened<form9>()->close();
     open<Ingrandimento>(stage, directory);
+    {
+        Ingrandimento inBlocks(stage.desktop(), nullptr);
+        inBlocks.setObjectName(QStringLiteral("ingrandimento-blocchi"));
+        inBlocks.setAttribute(Qt::WA_DeleteOnClose, false);
+        inBlocks.show();
+        for (const char* const box : {"blocchi", "cartiglio"}) {
+            control<QCheckBox>(&inBlocks, box)->setChecked(true);
+        }
+        take(inBlocks, directory);
+    }
     open<Inserimento>(stage, directory);
     open<Form2>(stage, directory);
     open<Numerals>(stage, directory);

@@ -1,0 +1,109 @@
+#include "windows/signs/PhrasePicture.hpp"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTemporaryDir>
+#include <filesystem>
+
+#include "windows/AlphabetWindow.hpp"
+#include "windows/MagnifierWindow.hpp"
+#include "windows/support/Stage.hpp"
+
+using namespace karvel;
+using namespace karvel::testing;
+
+namespace {
+
+/// The sum of the differences of all pixels' opacity.
+qint64 difference(const QImage& one, const QImage& other)
+{
+    qint64 sum = 0;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            sum += std::abs(qAlpha(one.pixel(x, y)) - qAlpha(other.pixel(x, y)));
+        }
+    }
+    return sum;
+}
+
+}  // namespace
+
+class PhrasePictureTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void whatIsReadFromTheRightIsTheMirrorOfWhatIsReadFromTheLeft()
+    {
+        for (const bool outlines : {true, false}) {
+            Stage stage;
+            if (!outlines) {
+                std::filesystem::remove(stage.drive().host(kOutlinesPath));
+            }
+            PhrasePicture picture{.codes = "b47d51n13", .look = {.ring = true}, .blockHeight = 110};
+            QCOMPARE(svgOf(picture, stage.desktop()).contains("<path"), outlines);
+            const QImage left = imageOf(picture, stage.desktop());
+            picture.look.placement.rightToLeft = true;
+            const QImage right = imageOf(picture, stage.desktop());
+            QCOMPARE(right.size(), left.size());
+            QCOMPARE(qAlpha(left.pixel(0, 0)), 0);
+            QVERIFY(difference(left, QImage(left.size(), left.format())) > 100000);
+            QVERIFY(difference(left.mirrored(true, false), right) * 5 < difference(left, right));
+        }
+    }
+
+    void theSwitchesOfTheMagnifierShapeThePictureThatIsCopiedAndSaved()
+    {
+        Stage stage;
+        stage.press("d51");
+        stage.press("b47");
+        stage.click("Command7");
+        auto* const magnifier = stage.windows().opened<Ingrandimento>();
+        magnifier->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(magnifier));
+        const auto copied = [&] {
+            QClipboard* const clipboard = QApplication::clipboard();
+            clipboard->setText(QStringLiteral("altro"));
+            QTest::keyClick(magnifier, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+            const auto arrived = [&] { return clipboard->mimeData()->hasImage(); };
+            return QTest::qWaitFor(arrived) ? clipboard->image() : QImage();  // the button moves first
+        };
+        const QImage plain = copied();
+        QVERIFY(control<QCheckBox>(magnifier, "blocchi")->isChecked());
+        click(magnifier, "cartiglio");
+        const QImage ringed = copied();
+        QVERIFY(!plain.isNull() && !ringed.isNull() && ringed != plain);
+        QVERIFY(QApplication::clipboard()->mimeData()->data("image/svg+xml").contains("<rect"));
+        click(magnifier, "colonna");
+        const QImage column = copied();
+        QVERIFY(column.height() > column.width());
+
+        const QTemporaryDir directory;
+        for (const char* const ending : {"png", "svg", "pdf"}) {
+            const QString name = directory.filePath(QStringLiteral("nome.") + QLatin1String(ending));
+            stage.answerWith([&](QWidget& shown) {
+                if (auto* const dialog = qobject_cast<QFileDialog*>(&shown)) {
+                    auto* const line = control<QLineEdit>(dialog, "fileNameEdit");
+                    line->setText(name);
+                    QTest::keyClick(line, Qt::Key_Return);
+                } else if (auto* const question = qobject_cast<QInputDialog*>(&shown)) {
+                    question->setIntValue(200);
+                    question->accept();
+                }
+            });
+            click(magnifier, "salva");
+            QFile file(name);
+            QVERIFY2(file.open(QIODevice::ReadOnly), ending);
+            const QByteArray start = file.readAll();
+            QVERIFY(start.startsWith("\x89PNG") || start.startsWith("<svg") || start.startsWith("%PDF"));
+        }
+        const QImage saved(directory.filePath(QStringLiteral("nome.png")));
+        QVERIFY(saved.height() > column.height() * 2 && qAlpha(saved.pixel(0, 0)) == 0);
+    }
+};
+
+WINDOW_TESTS(PhrasePictureTest)
+#include "PhrasePictureTest.moc"

@@ -61,7 +61,7 @@ Form6::Form6(Desktop& desktop, QWidget* parent)
     hint_->setTextFormat(Qt::PlainText);
     hint_->setWordWrap(true);
     column->addWidget(hint_);
-    placeBelowDisplay();
+    placeOverPalette(*this, *parent, {980, 480});
 
     connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) {
         desktop_.handle([this, tab] {
@@ -71,17 +71,6 @@ Form6::Form6(Desktop& desktop, QWidget* parent)
     connect(&desktop_, &Desktop::changed, this, &Form6::showState);
     desktop_.handle([this] { editor_.open(); });
     tabs_->setFocus();
-}
-
-/// Places the window over the palette of the main window, so that the display stays visible.
-void Form6::placeBelowDisplay()
-{
-    constexpr QSize kUsual(980, 480);
-    const QRect main = parentWidget()->geometry();
-    const QRect room = roomOnScreen(*parentWidget());
-    resize(kUsual.boundedTo(room.size() * 9 / 10));
-    move(main.center().x() - width() / 2, std::min(main.bottom(), room.bottom()) - height());
-    keepOnScreen(*this);
 }
 
 QWidget* Form6::headLine()

@@ -27,7 +27,6 @@ class Form6 : public QDialog {
     Form6(Desktop& desktop, QWidget* parent);
 
   private:
-    void placeBelowDisplay();
     [[nodiscard]] QWidget* headLine();
     [[nodiscard]] QWidget* grid();
     void buildMenu();

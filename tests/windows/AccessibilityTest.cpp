@@ -7,7 +7,7 @@
 #include <QTextEdit>
 
 #include "windows/PictureWindow.hpp"
-#include "windows/UsedIn.hpp"
+#include "windows/VociWindow.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;
@@ -52,7 +52,7 @@ class AccessibilityTest : public QObject {
         stage.click("Command9");
         stage.windows().openItalian();
         stage.windows().openPicture("C:\\programmi\\Karvel\\GR\\a01.gif", "a01");
-        stage.windows().open<UsedIn>().show("a01");
+        stage.windows().open<Voci>().list(Mode::Contains, "a01");
         stage.session().translatedWords().add("uomo");
         stage.choose("tradotte");
         int windows = 0;

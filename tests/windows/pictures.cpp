@@ -22,7 +22,7 @@
 #include "windows/PrintingWindow.hpp"
 #include "windows/SplashWindow.hpp"
 #include "windows/TranslatedWordsWindow.hpp"
-#include "windows/UsedIn.hpp"
+#include "windows/VociWindow.hpp"
 #include "windows/support/Stage.hpp"
 #include "windows/support/Theme.hpp"
 
@@ -150,8 +150,8 @@ int main(int argc, char** argv)
     open<Sysform>(stage, directory);
     open<frmAbout>(stage, directory);
     open<Guide>(stage, directory);
-    stage.windows().open<UsedIn>().show("d51");
-    take(*stage.windows().opened<UsedIn>(), directory);
+    stage.windows().open<Voci>().list(Mode::Contains, "d51");
+    take(*stage.windows().opened<Voci>(), directory);
     auto* const splash = new frmSplash(stage.desktop(), stage.form1());
     take(*splash, directory);
     return 0;

@@ -116,14 +116,14 @@ void FindSign::list()
         row->setData(Qt::UserRole, qtext(sign->code));
     }
     if (found_.empty() && !field_->text().trimmed().isEmpty()) {
-        auto* const none = new QListWidgetItem(QStringLiteral("nessun segno trovato"), list_);
-        none->setFlags(Qt::NoItemFlags);
+        new QListWidgetItem(
+            QStringLiteral("nessun segno: cerca «%1» nel dizionario").arg(field_->text().trimmed()), list_);
     }
     list_->setVisible(list_->count() > 0);
     if (list_->count() == 0) {
         return;
     }
-    list_->setCurrentRow(found_.empty() ? -1 : 0);
+    list_->setCurrentRow(0);
     const int rows = std::min(list_->count(), kShown);
     const int height = std::min(stage_.height(), rows * std::max(kIcon + 4, list_->sizeHintForRow(0)) + 6);
     const int width = std::min(stage_.width(), 460);
@@ -149,6 +149,12 @@ bool FindSign::homophonesListed() const
 void FindSign::insertChosen()
 {
     const int row = list_->currentRow();
+    if (found_.empty() && row == 0) {
+        const QString text = field_->text().trimmed();
+        field_->clear();
+        emit wordWanted(text);
+        return;
+    }
     if (row < 0 || row >= static_cast<int>(found_.size())) {
         return;
     }
@@ -156,6 +162,13 @@ void FindSign::insertChosen()
     desktop_.handle([&] { desktop_.session().palette().pressCode(code); });
     field_->clear();
     field_->setFocus();
+}
+
+void FindSign::insertPending()
+{
+    if (field_->hasFocus() && list_->isVisible() && !found_.empty()) {
+        insertChosen();
+    }
 }
 
 void FindSign::leave()

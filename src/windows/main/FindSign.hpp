@@ -26,12 +26,17 @@ class FindSign : public QWidget {
     ///
     void start(const QString& typed = {});
 
+    /// Inserts the sign chosen in the list, if the user is choosing one now.
+    void insertPending();
+
     /// The field itself; it has the focus while the user searches.
     [[nodiscard]] const QLineEdit* field() const { return field_; }
 
   signals:
     /// Enter was pressed in the empty field: the user has typed all signs.
     void finished();
+    /// No sign fits `text`: the user looks it up in the dictionary.
+    void wordWanted(const QString& text);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

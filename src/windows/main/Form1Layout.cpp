@@ -13,9 +13,11 @@
 #include <algorithm>
 
 #include "windows/MagnifierWindow.hpp"
+#include "windows/TrovaParola.hpp"
 #include "windows/main/FindSign.hpp"
 #include "windows/main/Form1.hpp"
 #include "windows/main/PageBox.hpp"
+#include "windows/signs/PhraseNote.hpp"
 #include "windows/signs/SignButton.hpp"
 #include "windows/signs/SignCell.hpp"
 #include "windows/signs/SquareGrid.hpp"
@@ -128,11 +130,19 @@ QBoxLayout* Form1::displayButtons()
     connect(command12_, &QPushButton::clicked, this,
             [this, &session] { desktop_.handle([&session] { session.search(); }); });
 
+    auto* const list = new QPushButton(QStringLiteral("Elenco"), centre_);
+    list->setObjectName(QStringLiteral("Elenco"));
+    list->setToolTip(QStringLiteral("tutte le voci in un elenco (Ctrl+Invio)"));
+    list->setAccessibleName(QStringLiteral("elenco delle voci"));
+    list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    connect(list, &QPushButton::clicked, this, [this] { desktop_.handle([this] { listEntries(); }); });
+
     deleteSign_ = button("Command4", Symbol::DeleteSign, QStringLiteral("cancella geroglifico selezionato"),
                          [&display] { display.deleteSelected(); });
     auto* const row = new QHBoxLayout;
     row->setSpacing(kGap / 2);
     row->addWidget(command12_);
+    row->addWidget(list);
     row->addSpacing(kGap * 2);
     row->addWidget(button("Command1", Symbol::Start, QStringLiteral("vai a inizio frase"),
                           [&display] { display.startOfPhrase(); }));
@@ -147,7 +157,9 @@ QBoxLayout* Form1::displayButtons()
                           [this] { windows_.open<Ingrandimento>(); }));
     row->addWidget(button("Command9", Symbol::AddToDictionary, QStringLiteral("inserisci nel dizionario"),
                           [this] { insertInDictionary(); }));
-    row->addStretch(1);
+    phrase_ = new PhraseNote(desktop_, centre_);
+    row->addSpacing(kGap * 2);
+    row->addWidget(phrase_, 1);
     return row;
 }
 
@@ -194,6 +206,8 @@ QBoxLayout* Form1::pageLine()
     row->addWidget(pageRange_);
     find_ = new FindSign(desktop_, *keys_, centre_);
     connect(find_, &FindSign::finished, command12_, &QPushButton::click);
+    connect(find_, &FindSign::wordWanted, this,
+            [this](const QString& text) { windows_.open<TrovaParola>().start(text); });
     row->addWidget(find_);
     return row;
 }

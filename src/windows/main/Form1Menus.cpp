@@ -15,6 +15,7 @@
 #include "windows/LinkPage.hpp"
 #include "windows/NumeralsWindow.hpp"
 #include "windows/PrintingWindow.hpp"
+#include "windows/TrovaParola.hpp"
 #include "windows/main/FindSign.hpp"
 #include "windows/main/Form1.hpp"
 #include "windows/signs/SignMenu.hpp"
@@ -114,6 +115,13 @@ Form1::Menu Form1::searchMenu()
                 {"inizia", QStringLiteral("&Inizia per..."), choose(Mode::StartsWith), {}, true},
                 {"finisce", QStringLiteral("&Finisce per..."), choose(Mode::EndsWith), {}, true},
                 {"mancante", QStringLiteral("&Geroglifico mancante"), choose(Mode::MissingSign), {}, true},
+                {.name = "vociTrovate",
+                 .caption = QStringLiteral("&Elenco delle voci"),
+                 .handler = [this] { listEntries(); },
+                 .shortcut = QStringLiteral("Ctrl+Return"),
+                 .separated = true},
+                {"trovaParola", QStringLiteral("Dall'italiano e dalla traslitterazione..."),
+                 [this] { windows_.open<TrovaParola>().start(); }, QStringLiteral("Ctrl+I")},
             }};
 }
 

@@ -9,7 +9,7 @@
 #include "base/SignCode.hpp"
 #include "base/SignRepertoire.hpp"
 #include "text/PhraseText.hpp"
-#include "windows/UsedIn.hpp"
+#include "windows/VociWindow.hpp"
 #include "windows/signs/SignButton.hpp"
 #include "windows/signs/SignCell.hpp"
 #include "windows/support/Desktop.hpp"
@@ -86,7 +86,7 @@ void SignMenu::popUp(QWidget& sign, const std::string& code, const QPoint& at)
     copy->setEnabled(SignRepertoire::standard().byCode(code) != nullptr);
     connect(insertItem, &QAction::triggered, &sign, [this, &sign, code] { insert(sign, code); });
     connect(copy, &QAction::triggered, this, [code] { copyPhrase(code); });
-    connect(usedIn, &QAction::triggered, this, [this, code] { windows_.open<UsedIn>().show(code); });
+    connect(usedIn, &QAction::triggered, this, [this, code] { windows_.open<Voci>().list(Mode::Contains, code); });
     menu->popup(at);
 }
 

@@ -33,6 +33,15 @@ void keepOnScreen(QWidget& window)
     }
 }
 
+void placeOverPalette(QWidget& window, const QWidget& main, QSize usual)
+{
+    const QRect room = roomOnScreen(main);
+    window.resize(usual.boundedTo(room.size() * 9 / 10));
+    window.move(main.geometry().center().x() - window.width() / 2,
+                std::min(main.geometry().bottom(), room.bottom()) - window.height());
+    keepOnScreen(window);
+}
+
 ScreenFit::ScreenFit()
 {
     qApp->installEventFilter(this);

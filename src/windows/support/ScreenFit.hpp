@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QRect>
+#include <QSize>
 
 class QWidget;
 
@@ -14,7 +15,11 @@ namespace karvel {
 /// Makes the window no larger than that, and moves it wholly onto the screen if it was placed.
 void keepOnScreen(QWidget& window);
 
-/// Does so for every window and dialog of the program at the moment in which it is shown.
+/// Gives the window the size `usual` and places it over the palette of `main`, so that the display stays
+/// visible.
+void placeOverPalette(QWidget& window, const QWidget& main, QSize usual);
+
+/// Calls keepOnScreen for every window and dialog of the program at the moment in which it is shown.
 class ScreenFit : public QObject {
     Q_OBJECT
 

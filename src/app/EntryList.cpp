@@ -1,0 +1,184 @@
+#include "app/EntryList.hpp"
+
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "base/SignCode.hpp"
+#include "dictionary/WordSplitter.hpp"
+#include "text/CodePage.hpp"
+#include "text/PhraseText.hpp"
+#include "text/Transliteration.hpp"
+
+namespace karvel {
+
+namespace {
+
+std::string_view nameOf(Mode mode)
+{
+    static constexpr std::array<std::string_view, kModes> kNames = {
+        "Termine presente", "Dividi in parole", "Cerca simile",
+        "Inizia per",       "Finisce per",      "Geroglifico mancante"};
+    return kNames[static_cast<std::size_t>(mode) - 1];
+}
+
+void addWords(const FileSystem& files, UserInterface& ui, EntryList& list)
+{
+    std::string_view left = list.phrase;
+    for (std::size_t order = 0; !left.empty(); ++order) {
+        RecordReader reader(openDictionary(files, ui));
+        std::optional<Word> word = longestWord(reader, left);
+        if (!word) {
+            break;
+        }
+        left.remove_prefix(word->length);
+        list.answers.add(
+            {.entry = std::make_shared<DictionaryEntry>(std::move(word->entry)), .order = order});
+    }
+    list.rest = left;
+}
+
+std::string csvField(std::string_view field)
+{
+    std::string text = "\"";
+    for (const char c : field) {
+        text += c == '"' ? std::string("\"\"") : std::string(1, c);
+    }
+    return text + '"';
+}
+
+std::string escaped(std::string_view text)
+{
+    std::string html;
+    for (const char c : text) {
+        switch (c) {
+            case '&':
+                html += "&amp;";
+                break;
+            case '<':
+                html += "&lt;";
+                break;
+            case '>':
+                html += "&gt;";
+                break;
+            case '"':
+                html += "&quot;";
+                break;
+            default:
+                html += c;
+        }
+    }
+    return html;
+}
+
+/// Calls `row` for every spelling in the order of the list.
+template <typename Row>
+void forEach(const Answers& answers, const Row& row)
+{
+    for (std::size_t line = 0; line < answers.words(); ++line) {
+        for (const std::size_t spelling : answers.word(line).spellings) {
+            row(*answers.all()[spelling].entry);
+        }
+    }
+}
+
+}  // namespace
+
+std::string EntryList::heading() const
+{
+    return gardinerOf(phrase) + " · " + std::string(nameOf(mode)) + " · " + answers.counts();
+}
+
+EntryList listEntries(const FileSystem& files, UserInterface& ui, Mode mode, std::string_view phrase)
+{
+    const BusyPointer hourglass(ui);
+    EntryList list{.phrase = std::string(phrase), .mode = mode, .answers = {}, .rest = {}, .failure = {}};
+    try {
+        if (mode == Mode::Split) {
+            addWords(files, ui, list);
+        } else {
+            RecordReader reader(openDictionary(files, ui));
+            addMatches(reader, mode, phrase, list.answers);
+        }
+    } catch (const RuntimeError& error) {
+        list.failure = error;
+    } catch (const ReadingStopped&) {
+        // The user has seen enough: what was found so far is shown.
+    }
+    list.answers.sort(Answers::Order::BestFirst);
+    return list;
+}
+
+std::string faultLine(const RuntimeError& failure)
+{
+    return "Errore " + std::to_string(failure.value()) +
+           " nel file dizio.txt: " + std::string(failure.text()) + ". L'elenco può essere incompleto.";
+}
+
+void showEntry(Session& session, const DictionaryEntry& entry)
+{
+    ResultView& view = session.resultView();
+    view.showFound(entry.signs);
+    session.last().translation = upperCase(entry.translation);
+    session.last().note = entry.note;
+    if (entry.note.starts_with('*')) {
+        view.showPicture(entry.note.substr(1));
+    } else {
+        view.closePicture();
+    }
+}
+
+bool useSigns(Session& session, std::string_view codes)
+{
+    std::vector<std::string> signs;
+    for (const std::string_view piece : splitCodes(codes)) {
+        std::string code(piece);
+        if (code[0] >= 'A' && code[0] <= 'Z') {
+            code[0] = static_cast<char>(code[0] - 'A' + 'a');
+        }
+        if (isSignCode(code)) {
+            signs.push_back(std::move(code));
+        }
+    }
+    return session.palette().pressCodes(signs);
+}
+
+std::string asCsv(const Answers& answers)
+{
+    std::string text = "\xEF\xBB\xBFGardiner;Geroglifici;Traduzione;Traslitterazione;Nota\r\n";
+    forEach(answers, [&](const DictionaryEntry& entry) {
+        text += csvField(gardinerOf(entry.signs)) + ';' + csvField(unicodeOf(entry.signs)) + ';' +
+                csvField(entry.translation) + ';' + csvField(printedTransliteration(entry.transliteration)) +
+                ';' + csvField(entry.note) + "\r\n";
+    });
+    return text;
+}
+
+std::string htmlRow(const DictionaryEntry& entry)
+{
+    return "<tr><td title=\"" + escaped(gardinerOf(entry.signs)) + "\">" + unicodeOf(entry.signs) +
+           "</td><td>" + escaped(entry.translation) + "</td><td><i>" +
+           escaped(printedTransliteration(entry.transliteration)) + "</i></td><td>" + escaped(entry.note) +
+           "</td></tr>\n";
+}
+
+std::string plainRow(const DictionaryEntry& entry)
+{
+    return unicodeOf(entry.signs) + '\t' + printedTransliteration(entry.transliteration) + '\t' +
+           entry.translation;
+}
+
+std::string asHtml(const Answers& answers, std::string_view heading)
+{
+    std::string text = "<!DOCTYPE html>\n<html lang=\"it\"><head><meta charset=\"utf-8\"><title>" +
+                       escaped(heading) +
+                       "</title>\n<style>td { padding: 0.2em 0.8em; vertical-align: top }"
+                       " td:first-child { font-size: 150% }</style></head>\n<body><h1>" +
+                       escaped(heading) +
+                       "</h1>\n<table><tr><th>Segni</th><th>Traduzione</th><th>Traslitterazione</th>"
+                       "<th>Nota</th></tr>\n";
+    forEach(answers, [&](const DictionaryEntry& entry) { text += htmlRow(entry); });
+    return text + "</table></body></html>\n";
+}
+
+}  // namespace karvel

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QDialog>
+#include <string>
+
+#include "dictionary/SearchModes.hpp"
+
+class QLabel;
+class QLineEdit;
+
+namespace karvel {
+
+class AnswerPane;
+class Desktop;
+
+/// "Voci trovate": all answers to the phrase in one list. Closed, it is only hidden, so that it keeps its
+/// place and size.
+class Voci : public QDialog {
+    Q_OBJECT
+
+  public:
+    Voci(Desktop& desktop, QWidget* parent);
+
+    /// Lists the answers to `phrase`, sign codes, not empty.
+    void list(Mode mode, const std::string& phrase);
+
+  private:
+    Desktop& desktop_;
+    QLabel* heading_;
+    QLineEdit* filter_;
+    AnswerPane* pane_;
+};
+
+}  // namespace karvel

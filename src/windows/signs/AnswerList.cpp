@@ -1,0 +1,246 @@
+#include "windows/signs/AnswerList.hpp"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+#include "app/EntryList.hpp"
+#include "base/SignCode.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
+#include "windows/support/Theme.hpp"
+
+namespace karvel {
+
+namespace {
+
+// Logical pixels.
+constexpr int kSign = 32;
+constexpr int kSmallestSign = 20;
+constexpr int kRow = 42;
+constexpr int kTriangle = 22;  // the width in which the mark of a closed word stands
+constexpr int kGap = 10;
+
+// Shares of the width; the note takes the rest.
+constexpr double kSignsShare = 0.30;
+constexpr double kTranslationShare = 0.30;
+constexpr double kTransliterationShare = 0.16;
+
+class AnswerRow : public QStyledItemDelegate {
+  public:
+    AnswerRow(Desktop& desktop, AnswerModel& model, QObject* parent)
+        : QStyledItemDelegate(parent), desktop_(desktop), model_(model)
+    {
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const override
+    {
+        return {200, std::max(kRow, option.fontMetrics.height() + 8)};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        painter->save();
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        const QColor ground = option.palette.color(selected ? QPalette::Highlight : QPalette::Base);
+        painter->fillRect(option.rect, ground);
+        QColor ink = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+        if (const Answer* const answer = model_.answer(index.row())) {
+            paintAnswer(*painter, option.rect, index.row(), *answer, ink);
+        } else {
+            ink = between(ink, ground, 0.35);
+            paintRest(*painter, option.rect, ink);
+        }
+        painter->setPen(between(ground, ink, 0.15));
+        painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+        if (option.state.testFlag(QStyle::State_HasFocus)) {
+            painter->setPen(focusPen(ground));
+            painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+        }
+        painter->restore();
+    }
+
+  private:
+    static void text(QPainter& painter, QRect place, const QString& text)
+    {
+        painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                         painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
+    }
+
+    void paintAnswer(QPainter& painter, QRect row, int number, const Answer& answer, const QColor& ink) const
+    {
+        painter.setPen(ink);
+        if (const std::size_t further = model_.furtherSpellings(number); further > 0) {
+            painter.drawText(QRect(row.left() + 4, row.top(), kTriangle, row.height()), Qt::AlignVCenter,
+                             model_.isOpen(number) ? QStringLiteral("▾") : QStringLiteral("▸"));
+        }
+        const int left = row.left() + kTriangle + (model_.isSpelling(number) ? kTriangle : 0);
+        const int signs = static_cast<int>(row.width() * kSignsShare);
+        const int translation = static_cast<int>(row.width() * kTranslationShare);
+        const int reading = static_cast<int>(row.width() * kTransliterationShare);
+        paintSigns(painter, {left, row.top(), row.left() + signs - left - kGap, row.height()},
+                   answer.entry->signs, answer.markedFrom, answer.marked);
+        QRect place(row.left() + signs, row.top(), translation - kGap, row.height());
+        painter.setPen(ink);
+        text(painter, place, qtext(answer.entry->translation));
+        place.moveLeft(row.left() + signs + translation);
+        place.setWidth(reading - kGap);
+        QFont italic = painter.font();
+        italic.setItalic(true);
+        painter.setFont(italic);
+        text(painter, place, model_.transliteration(answer));
+        italic.setItalic(false);
+        painter.setFont(italic);
+        place.moveLeft(place.left() + reading);
+        place.setWidth(row.right() - place.left() - kGap / 2);
+        text(painter, place, qtext(answer.entry->note));
+    }
+
+    void paintRest(QPainter& painter, QRect row, const QColor& ink) const
+    {
+        const int signs = static_cast<int>(row.width() * kSignsShare);
+        painter.setOpacity(0.5);
+        paintSigns(painter, {row.left() + kTriangle, row.top(), signs - kTriangle - kGap, row.height()},
+                   model_.rest(), 0, 0);
+        painter.setOpacity(1);
+        painter.setPen(ink);
+        text(painter, row.adjusted(signs, 0, 0, 0), QStringLiteral("qui non comincia nessuna parola"));
+    }
+
+    /// Signs are dark on light, as their pictures are made, also in a dark list and on the selected row.
+    void paintSigns(QPainter& painter, QRect place, const std::string& codes, std::size_t markedFrom,
+                    std::size_t marked) const
+    {
+        const auto pieces = splitCodes(codes);
+        if (pieces.empty()) {
+            return;
+        }
+        const int count = static_cast<int>(pieces.size());
+        const int side = std::clamp(place.width() / count - 2, kSmallestSign, kSign);
+        const int fit = std::max(1, place.width() / (side + 2));
+        const bool all = count <= fit;
+        const int shown = all ? count : fit - 1;
+        const QColor paper = paletteFor(colour(desktop_.session().colours().display)).color(QPalette::Window);
+        painter.fillRect(place.left() - 2, place.top() + 2, (all ? shown : fit) * (side + 2) + 2,
+                         place.height() - 4, paper);
+        painter.setPen(inkOn(paper));
+        for (int i = 0; i < shown; ++i) {
+            const QRect cell(place.left() + i * (side + 2), place.top() + 2, side + 2, place.height() - 4);
+            const auto at = static_cast<std::size_t>(i);
+            if (at >= markedFrom && at < markedFrom + marked) {
+                painter.fillRect(cell.adjusted(-1, 0, -1, 0), between(paper, kSelection, 0.35));
+            }
+            if (!desktop_.pictures().draw(painter, desktop_.session().images().path(pieces[at]),
+                                          QRectF(cell).center(), side)) {
+                painter.drawText(cell, Qt::AlignCenter, qtext(pieces[at]));
+            }
+        }
+        if (!all) {
+            painter.drawText(QRect(place.left() + shown * (side + 2), place.top(), side, place.height()),
+                             Qt::AlignCenter, QStringLiteral("…"));
+        }
+    }
+
+    Desktop& desktop_;
+    AnswerModel& model_;
+};
+
+}  // namespace
+
+AnswerList::AnswerList(Desktop& desktop, QWidget* parent) : QListView(parent)
+{
+    setModel(&model_);
+    setItemDelegate(new AnswerRow(desktop, model_, this));
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerPixel);
+    setAccessibleName(QStringLiteral("voci trovate"));
+    connect(this, &QListView::doubleClicked, this, &AnswerList::chosen);
+}
+
+const DictionaryEntry* AnswerList::current() const
+{
+    const Answer* const answer = model_.answer(currentIndex().row());
+    return answer == nullptr ? nullptr : answer->entry.get();
+}
+
+void AnswerList::toStart()
+{
+    if (model_.rowCount() > 0) {
+        setCurrentIndex(model_.index(0));
+        scrollToTop();
+    }
+}
+
+void AnswerList::copy() const
+{
+    if (const DictionaryEntry* const entry = current()) {
+        auto* const copied = new QMimeData;
+        copied->setText(qtext(plainRow(*entry)));
+        copied->setHtml(QStringLiteral("<table>") + qtext(htmlRow(*entry)) + QStringLiteral("</table>"));
+        QApplication::clipboard()->setMimeData(copied);
+    }
+}
+
+/// The keys of the list belong to it, not to the items of a menu.
+bool AnswerList::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = static_cast<QKeyEvent&>(*event);
+        if (key.matches(QKeySequence::Copy) || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+            event->accept();
+            return true;
+        }
+    }
+    return QListView::event(event);
+}
+
+void AnswerList::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Copy)) {
+        copy();
+        return;
+    }
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (event->modifiers() & Qt::ControlModifier) {
+                emit signsWanted();
+            } else {
+                emit chosen();
+            }
+            return;
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+            open(event->key() == Qt::Key_Right);
+            return;
+        default:
+            QListView::keyPressEvent(event);
+    }
+}
+
+void AnswerList::open(bool open)
+{
+    const int row = model_.setOpen(currentIndex().row(), open);
+    if (row >= 0) {
+        setCurrentIndex(model_.index(row));
+    }
+}
+
+/// A click on the mark of a word opens or closes it.
+void AnswerList::mousePressEvent(QMouseEvent* event)
+{
+    QListView::mousePressEvent(event);
+    const QModelIndex clicked = indexAt(event->pos());
+    if (clicked.isValid() && event->pos().x() < kTriangle && model_.furtherSpellings(clicked.row()) > 0) {
+        model_.setOpen(clicked.row(), !model_.isOpen(clicked.row()));
+    }
+}
+
+}  // namespace karvel

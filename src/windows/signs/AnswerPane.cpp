@@ -1,0 +1,142 @@
+#include "windows/signs/AnswerPane.hpp"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "app/EntryList.hpp"
+#include "windows/signs/AnswerList.hpp"
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
+
+namespace karvel {
+
+AnswerPane::AnswerPane(Desktop& desktop, const char* listName, QWidget* parent)
+    : QWidget(parent),
+      desktop_(desktop),
+      list_(new AnswerList(desktop, this)),
+      fault_(new QLabel(this)),
+      order_(new QComboBox(this))
+{
+    list_->setObjectName(QLatin1String(listName));
+    fault_->setObjectName(QStringLiteral("fault"));
+    fault_->setTextFormat(Qt::PlainText);
+    fault_->setWordWrap(true);
+    fault_->hide();
+    order_->setObjectName(QStringLiteral("order"));
+    order_->setAccessibleName(QStringLiteral("ordine dell'elenco"));
+    order_->addItems({QStringLiteral("prima le migliori"), QStringLiteral("ordine del file")});
+    connect(order_, &QComboBox::currentIndexChanged, this, [this](int index) {
+        list_->answers().sort(index == 0 ? Answers::Order::BestFirst : Answers::Order::FileOrder);
+        list_->toStart();
+    });
+    auto* const ascii = new QCheckBox(QStringLiteral("lettere &ASCII"), this);
+    ascii->setObjectName(QStringLiteral("ascii"));
+    ascii->setToolTip(QStringLiteral("la traslitterazione come si scrive sulla tastiera: A, a, H, x ..."));
+    connect(ascii, &QCheckBox::toggled, this, [this](bool on) { list_->answers().showAscii(on); });
+    use_ = button(QStringLiteral("&Usa questi segni"), "use", [this] { useSigns(); });
+    use_->setToolTip(QStringLiteral("aggiunge i segni della voce alla frase (Ctrl+Invio)"));
+    save_ = button(QStringLiteral("&Salva elenco..."), "save", [this] { save(); });
+    auto* const line = new QHBoxLayout;
+    line->addWidget(order_);
+    line->addWidget(ascii);
+    line->addStretch(1);
+    line->addWidget(use_);
+    line->addWidget(save_);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(list_, 1);
+    column->addWidget(fault_);
+    column->addLayout(line);
+    connect(list_, &AnswerList::chosen, this, &AnswerPane::choose);
+    connect(list_, &AnswerList::signsWanted, this, &AnswerPane::useSigns);
+    connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, &AnswerPane::enable);
+    connect(&list_->answers(), &QAbstractItemModel::modelReset, this, &AnswerPane::enable);
+    enable();
+}
+
+QPushButton* AnswerPane::button(const QString& caption, const char* name,
+                                const std::function<void()>& handler)
+{
+    auto* const made = new QPushButton(caption, this);
+    made->setObjectName(QLatin1String(name));
+    made->setAutoDefault(false);  // Return in the list chooses a row
+    connect(made, &QPushButton::clicked, this, [handler] { handler(); });
+    return made;
+}
+
+void AnswerPane::show(Answers answers, const std::string& rest, const std::string& heading,
+                      const std::string& fault)
+{
+    heading_ = heading;
+    if (order_->currentIndex() != 0) {
+        answers.sort(Answers::Order::FileOrder);
+    }
+    list_->answers().setAnswers(std::move(answers), rest);
+    list_->toStart();
+    fault_->setText(qtext(fault));
+    fault_->setVisible(!fault.empty());
+}
+
+void AnswerPane::enable()
+{
+    use_->setEnabled(list_->current() != nullptr);
+    save_->setEnabled(!list_->answers().answers().empty());
+}
+
+void AnswerPane::choose()
+{
+    if (const DictionaryEntry* const entry = list_->current()) {
+        desktop_.handle([this, chosen = *entry] { showEntry(desktop_.session(), chosen); });
+    }
+}
+
+void AnswerPane::useSigns()
+{
+    if (const DictionaryEntry* const entry = list_->current()) {
+        desktop_.handle([this, codes = entry->signs] { karvel::useSigns(desktop_.session(), codes); });
+    }
+}
+
+void AnswerPane::save()
+{
+    auto* const dialog = new QFileDialog(this, QStringLiteral("Salva elenco"));
+    dialog->setObjectName(QStringLiteral("saveList"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setNameFilters({QStringLiteral("Pagina HTML (*.html)"), QStringLiteral("Tabella CSV (*.csv)")});
+    dialog->setDefaultSuffix(QStringLiteral("html"));
+    connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
+        dialog->setDefaultSuffix(filter.contains(QStringLiteral("csv")) ? QStringLiteral("csv")
+                                                                        : QStringLiteral("html"));
+    });
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& path) {
+        desktop_.handle([&] { write(path, path.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive)); });
+    });
+    dialog->open();
+}
+
+/// A file that is replaced is replaced whole or not at all.
+void AnswerPane::write(const QString& path, bool csv)
+{
+    const Answers& answers = list_->answers().answers();
+    const std::string text = csv ? asCsv(answers) : asHtml(answers, heading_);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(QByteArray::fromStdString(text)) < 0 ||
+        !file.commit()) {
+        throw RuntimeError(file.error() == QFileDevice::PermissionsError ||
+                                   file.error() == QFileDevice::OpenError
+                               ? ErrorNumber::PermissionDenied
+                           : file.error() == QFileDevice::ResourceError ? ErrorNumber::DiskFull
+                                                                        : ErrorNumber::DeviceIo);
+    }
+}
+
+}  // namespace karvel

@@ -44,6 +44,8 @@ struct FixedWord {
     std::size_t begin = 0;
     std::size_t length = 0;
     std::optional<ReadingChoice> choice;  ///< without it the range stands, and the reader looks for the word
+
+    friend bool operator==(const FixedWord&, const FixedWord&) = default;
 };
 
 /// Reads passages of any length word by word: cuts them into words and finds the entry of each. A proposal,

@@ -12,6 +12,7 @@
 #include "windows/DirectoryWindow.hpp"
 #include "windows/Form6.hpp"
 #include "windows/GuideWindow.hpp"
+#include "windows/LetturaWindow.hpp"
 #include "windows/LinkPage.hpp"
 #include "windows/NumeralsWindow.hpp"
 #include "windows/PrintingWindow.hpp"
@@ -140,7 +141,12 @@ void Form1::buildMenus()
     addMenu({"visua",
              QStringLiteral("&Visualizza"),
              {{"tradotte", QStringLiteral("&Parole tradotte"), [this] { showTranslatedWords(); }},
-              {"schede", QStringLiteral("&Schede"), [this] { windows_.open<Form6>(); }}}});
+              {"schede", QStringLiteral("&Schede"), [this] { windows_.open<Form6>(); }},
+              {.name = "lettura",
+               .caption = QStringLiteral("&Lettura"),
+               .handler = [this] { windows_.open<Lettura>(); },
+               .shortcut = QStringLiteral("Ctrl+L"),
+               .separated = true}}});
     addMenu({"tipo",
              QStringLiteral("Tipo di &Inserimento"),
              {{"facilitato", QStringLiteral("&Facilitato"),

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "files/FileSystem.hpp"
+#include "reading/Passage.hpp"
+
+class QLabel;
+class QMenu;
+class QPlainTextEdit;
+class QPushButton;
+class QScrollArea;
+
+namespace karvel {
+
+class Desktop;
+class ReadingLines;
+
+/// "Lettura": a passage read word by word, which the user corrects.
+class Lettura : public QDialog {
+    Q_OBJECT
+
+  public:
+    Lettura(Desktop& desktop, QWidget* parent);
+
+    /// Saves as a page, as text, or (any other name) with the choices made by hand; what it is tells the
+    /// ending of `path`. Throws RuntimeError.
+    void saveTo(const std::string& path);
+
+    /// Opens saved work, or a text. A file that is damaged is told, and what is shown stays. Throws
+    /// RuntimeError.
+    void openFrom(const std::string& path);
+
+  public slots:
+    void reject() override;
+
+  private:
+    QLabel* addCaption(const QString& text);
+    QPlainTextEdit* addText(const char* name, const QString& caption);
+    QPushButton* button(const char* name, const QString& caption, const QString& spoken);
+    void buildTop();
+    void buildBottom();
+    [[nodiscard]] bool prepareReader();
+    void read(HandWork work);
+    void showPassage();
+    void showUnknown();
+    void change(const std::function<void()>& step);
+    void openMenu();
+    void addChoices(QMenu& menu, std::size_t word);
+    void addCuts(QMenu& menu, std::size_t word);
+    void typeReading(std::size_t word);
+    void save();
+    void open();
+
+    Desktop& desktop_;
+    std::unique_ptr<Reader> reader_;
+    FileState dictionary_;  ///< as it was when `reader_` was made
+    Passage passage_;
+    HandWork saved_;
+    QPlainTextEdit* text_ = nullptr;
+    QLabel* unknown_ = nullptr;
+    QScrollArea* area_ = nullptr;
+    ReadingLines* lines_ = nullptr;
+    QPlainTextEdit* transliteration_ = nullptr;
+    QPlainTextEdit* translation_ = nullptr;
+    QPushButton* undo_ = nullptr;
+};
+
+}  // namespace karvel

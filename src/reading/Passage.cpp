@@ -116,9 +116,16 @@ void Passage::use(const Reader& reader)
     read();
 }
 
+void Passage::setText(const std::string& text)
+{
+    if (text != work_.text) {
+        change({text, {}});
+    }
+}
+
 void Passage::open(HandWork work)
 {
-    if (work.text != work_.text || (!work.fixed.empty() && work != work_)) {
+    if (work != work_) {
         change(std::move(work));
     }
 }

@@ -53,9 +53,9 @@ class Passage {
     /// Reads with `reader` from now on; it must outlive its use here.
     void use(const Reader& reader);
 
-    /// Reads another text. Nothing changes when the text is the same.
-    void setText(const std::string& text) { open({text, {}}); }
-    /// Goes on with saved work. Nothing changes when text and signs are the same and nothing is fixed.
+    /// Reads another text, in which nothing is fixed. Nothing changes when the text is the same.
+    void setText(const std::string& text);
+    /// Goes on with saved work.
     void open(HandWork work);
 
     [[nodiscard]] const HandWork& work() const { return work_; }

@@ -129,9 +129,9 @@ void Lettura::buildTop()
     readButton->setToolTip(QStringLiteral("Ctrl+Invio"));
     connect(fromPhrase, &QPushButton::clicked, this, [this] {
         text_->setPlainText(qtext(desktop_.session().display().DisplayCodes()));
-        read({typed(text_->toPlainText()), {}});
+        readText();
     });
-    connect(readButton, &QPushButton::clicked, this, [this] { read({typed(text_->toPlainText()), {}}); });
+    connect(readButton, &QPushButton::clicked, this, &Lettura::readText);
     connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+Return")), this), &QShortcut::activated,
             readButton, &QPushButton::click);
     unknown_ = new QLabel(this);
@@ -163,8 +163,11 @@ void Lettura::buildBottom()
     connect(saveButton, &QPushButton::clicked, this, &Lettura::save);
     connect(undo_, &QPushButton::clicked, this, [this] {
         change([this] {
+            const std::string before = passage_.work().text;
             passage_.undo();
-            text_->setPlainText(qtext(passage_.work().text));
+            if (passage_.work().text != before) {
+                text_->setPlainText(qtext(passage_.work().text));
+            }
         });
     });
     connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, undo_, &QPushButton::click);
@@ -199,17 +202,23 @@ bool Lettura::prepareReader()
     }
 }
 
-void Lettura::read(HandWork work)
+/// Runs a step that needs the reader, and shows the passage after it.
+void Lettura::read(const std::function<void()>& step)
 {
     const QPointer<Lettura> window = this;  // it may be closed while a box is open
     if (!prepareReader() || !window) {
         return;
     }
-    passage_.open(std::move(work));
+    step();
     showPassage();
     if (!passage_.words().empty()) {
         lines_->setFocus();
     }
+}
+
+void Lettura::readText()
+{
+    read([this] { passage_.setText(typed(text_->toPlainText())); });
 }
 
 void Lettura::showPassage()
@@ -357,10 +366,11 @@ void Lettura::openFrom(const std::string& path)
             return;
         }
         work = std::move(*known);
-        saved_ = work;
     }
     text_->setPlainText(qtext(work.text));
-    read(std::move(work));
+    work.text = typed(text_->toPlainText());  // with the line ends that the box gives back later
+    saved_ = work;
+    read([&] { passage_.open(std::move(work)); });
 }
 
 void Lettura::save()

@@ -44,7 +44,8 @@ class Lettura : public QDialog {
     void buildTop();
     void buildBottom();
     [[nodiscard]] bool prepareReader();
-    void read(HandWork work);
+    void read(const std::function<void()>& step);
+    void readText();
     void showPassage();
     void showUnknown();
     void change(const std::function<void()>& step);

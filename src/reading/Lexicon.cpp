@@ -106,7 +106,7 @@ Lexicon::Spelling& Lexicon::spellingOf(SignsView signs)
 {
     std::uint32_t& number = bySigns_[hashOf(signs)];
     if (number == 0) {
-        spellings_.push_back({Signs(signs), {}});
+        spellings_.push_back({SignNumbers(signs), {}});
         number = static_cast<std::uint32_t>(spellings_.size());
     }
     return spellings_[number - 1];
@@ -158,7 +158,7 @@ void Lexicon::indexGaps()
 {
     gapsOf_.reserve(spellings_.size() * 4);
     for (std::uint32_t i = 0; i < spellings_.size(); ++i) {
-        const Signs& signs = spellings_[i].signs;
+        const SignNumbers& signs = spellings_[i].signs;
         if (signs.size() < 2 || signs.size() > kLongestChanged + 1) {
             continue;
         }

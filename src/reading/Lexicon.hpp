@@ -55,7 +55,7 @@ class Lexicon {
         float near = 0;   ///< and as the base of a changed spelling
     };
     struct Spelling {
-        Signs signs;
+        SignNumbers signs;
         std::vector<Use> uses;
     };
     struct Gap {

@@ -52,7 +52,7 @@ class Columns {
 
     float count(char end) { return static_cast<float>(number(end, kMaxCount)); }
 
-    Signs signs(char end)
+    SignNumbers signs(char end)
     {
         const std::string_view codes = text(end);
         if (!isSignSequence(codes)) {
@@ -92,9 +92,9 @@ class Columns {
 
 }  // namespace
 
-Signs signsOf(std::string_view codes)
+SignNumbers signsOf(std::string_view codes)
 {
-    Signs signs;
+    SignNumbers signs;
     signs.reserve(codes.size() / kCodeLength);
     for (; codes.size() >= kCodeLength; codes.remove_prefix(kCodeLength)) {
         std::size_t number = 0;

@@ -8,13 +8,13 @@
 namespace karvel {
 
 /// Signs as numbers in the order of the palette; 0 stands for what is no sign.
-using Signs = std::u16string;
+using SignNumbers = std::u16string;
 using SignsView = std::u16string_view;
 
 inline constexpr char16_t kSignNumbers = 743;  ///< one more than the greatest
 
 /// The signs of `codes`, one for every three characters.
-[[nodiscard]] Signs signsOf(std::string_view codes);
+[[nodiscard]] SignNumbers signsOf(std::string_view codes);
 
 /// How a spelling may differ from a known one: one sign more at its end or inside, one fewer, one other.
 enum class Edit : std::uint8_t { AtEnd, Inside, Without, Other };
@@ -28,7 +28,7 @@ struct ReadingModel {
         float count = 0;
     };
     struct Spelling {
-        Signs signs;
+        SignNumbers signs;
         std::uint32_t word = 0;
         float count = 0;
     };

@@ -150,7 +150,7 @@ Reader::Reader(const FileSystem& files, std::string_view dictionary, std::string
 
 std::vector<ReadWord> Reader::read(std::string_view codes, std::span<const FixedWord> fixed) const
 {
-    const Signs signs = signsOf(codes);
+    const SignNumbers signs = signsOf(codes);
     const std::vector<FixedWord> valid = standing(fixed, signs.size());
     std::vector<FixedRange> ranges;
     for (const FixedWord& word : valid) {

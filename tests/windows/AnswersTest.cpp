@@ -1,6 +1,7 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QToolButton>
 
 #include "windows/TrovaParola.hpp"

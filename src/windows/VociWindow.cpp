@@ -10,11 +10,13 @@
 #include <utility>
 
 #include "app/EntryList.hpp"
+#include "windows/TrovaParola.hpp"
 #include "windows/signs/AnswerList.hpp"
 #include "windows/signs/AnswerPane.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/ScreenFit.hpp"
 #include "windows/support/Text.hpp"
+#include "windows/support/WindowSet.hpp"
 
 namespace karvel {
 
@@ -48,6 +50,16 @@ Voci::Voci(Desktop& desktop, QWidget* parent)
     if (parent != nullptr) {
         placeOverPalette(*this, *parent, {980, 480});
     }
+}
+
+void Voci::openFromMenu(Desktop& desktop, WindowSet& windows)
+{
+    Session& session = desktop.session();
+    if (session.display().DisplayCodes().empty()) {
+        windows.open<TrovaParola>().start();
+        return;
+    }
+    windows.open<Voci>().list(session.modes().mode(), session.display().DisplayCodes());
 }
 
 void Voci::list(Mode mode, const std::string& phrase)

@@ -12,6 +12,7 @@ namespace karvel {
 
 class AnswerPane;
 class Desktop;
+class WindowSet;
 
 /// "Voci trovate": all answers to the phrase in one list. Closed, it is only hidden, so that it keeps its
 /// place and size.
@@ -20,6 +21,10 @@ class Voci : public QDialog {
 
   public:
     Voci(Desktop& desktop, QWidget* parent);
+
+    /// Lists the answers to the phrase of the display in the present mode; opens "Trova parola" when nothing
+    /// is composed.
+    static void openFromMenu(Desktop& desktop, WindowSet& windows);
 
     /// Lists the answers to `phrase`, sign codes, not empty.
     void list(Mode mode, const std::string& phrase);

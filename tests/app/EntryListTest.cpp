@@ -35,7 +35,7 @@ TEST(EntryList, HasTheAnswersOfTheSearchInEachMode)
          "A1-A2-A3-A1-A5 · Dividi in parole · 2 parole, 2 voci | due altro | a05"},
         {Mode::Contains, "a01", whole + "a01,\"x",
          "A1 · Cerca simile · 3 parole, 4 voci | uno due altro | !"},
-        {Mode::Contains, "a05", whole, "A5 · Cerca simile · 0 parole, 0 voci |  | "},
+        {Mode::Contains, "a05", whole, "A5 · Cerca simile · 0 parole, 0 voci | | "},
     };
     for (const auto& [mode, phrase, dictionary, list] : cases) {
         testing::TemporaryDrive drive;

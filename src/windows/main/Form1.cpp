@@ -18,12 +18,8 @@
 #include "base/SignRepertoire.hpp"
 #include "windows/InsertionWindow.hpp"
 #include "windows/TranslatedWordsWindow.hpp"
-#include "windows/TrovaParola.hpp"
-#include "windows/VociWindow.hpp"
-#include "windows/main/FindSign.hpp"
 #include "windows/main/Keyboard.hpp"
 #include "windows/main/PageBox.hpp"
-#include "windows/signs/PhraseNote.hpp"
 #include "windows/signs/SignButton.hpp"
 #include "windows/signs/SignCell.hpp"
 #include "windows/signs/SquareGrid.hpp"
@@ -108,18 +104,6 @@ void Form1::showTranslatedWords()
     }
 }
 
-/// "Elenco": all answers in one window, after the sign that is being chosen in the field.
-void Form1::listEntries()
-{
-    find_->insertPending();
-    Session& session = desktop_.session();
-    if (session.display().DisplayCodes().empty()) {
-        windows_.open<TrovaParola>().start();
-        return;
-    }
-    windows_.open<Voci>().list(session.modes().mode(), session.display().DisplayCodes());
-}
-
 void Form1::showState()
 {
     showColours();
@@ -179,7 +163,6 @@ void Form1::showDisplay()
     }
     hint_->setVisible(display.signs() == 0 &&
                       std::ranges::all_of(display.cells(), &DisplayLine::Cell::blank));
-    phrase_->setCodes(display.DisplayCodes());
     csx_->setEnabled(display.cursorEnabled());
     cdx_->setEnabled(display.cursorEnabled());
     deleteSign_->setEnabled(display.deleteEnabled());
@@ -221,7 +204,7 @@ void Form1::preparePages()
 void Form1::showModes()
 {
     const SearchModes& modes = desktop_.session().modes();
-    for (std::size_t i = 0; i < kModes; ++i) {
+    for (std::size_t i = 0; i < modeItems_.size(); ++i) {
         modeItems_[i]->setChecked(modes.ticked(static_cast<Mode>(i + 1)));
     }
     label1_->setText(qtext(modes.caption()));

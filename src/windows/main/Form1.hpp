@@ -28,7 +28,6 @@ class Desktop;
 class FindSign;
 class Keyboard;
 class PageBox;
-class PhraseNote;
 class SignButton;
 class SignCell;
 class SquareGrid;
@@ -106,7 +105,6 @@ class Form1 : public QMainWindow {
     void leave();
     void insertInDictionary();
     void showTranslatedWords();
-    void listEntries();
 
     Desktop& desktop_;
     WindowSet& windows_;
@@ -120,7 +118,6 @@ class Form1 : public QMainWindow {
     QToolButton* cdx_ = nullptr;
     QToolButton* deleteSign_ = nullptr;
     QPushButton* command12_ = nullptr;
-    PhraseNote* phrase_ = nullptr;
     std::array<SignButton*, kFavourites> cmd_{};
     QLabel* noFavourites_ = nullptr;  ///< shown while the strip is empty
     QLabel* label2_ = nullptr;

@@ -14,6 +14,7 @@
 
 #include "windows/MagnifierWindow.hpp"
 #include "windows/TrovaParola.hpp"
+#include "windows/VociWindow.hpp"
 #include "windows/main/FindSign.hpp"
 #include "windows/main/Form1.hpp"
 #include "windows/main/PageBox.hpp"
@@ -135,7 +136,8 @@ QBoxLayout* Form1::displayButtons()
     list->setToolTip(QStringLiteral("tutte le voci in un elenco (Ctrl+Invio)"));
     list->setAccessibleName(QStringLiteral("elenco delle voci"));
     list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-    connect(list, &QPushButton::clicked, this, [this] { desktop_.handle([this] { listEntries(); }); });
+    connect(list, &QPushButton::clicked, this,
+            [this] { desktop_.handle([this] { Voci::openFromMenu(desktop_, windows_); }); });
 
     deleteSign_ = button("Command4", Symbol::DeleteSign, QStringLiteral("cancella geroglifico selezionato"),
                          [&display] { display.deleteSelected(); });
@@ -157,9 +159,8 @@ QBoxLayout* Form1::displayButtons()
                           [this] { windows_.open<Ingrandimento>(); }));
     row->addWidget(button("Command9", Symbol::AddToDictionary, QStringLiteral("inserisci nel dizionario"),
                           [this] { insertInDictionary(); }));
-    phrase_ = new PhraseNote(desktop_, centre_);
     row->addSpacing(kGap * 2);
-    row->addWidget(phrase_, 1);
+    row->addWidget(new PhraseNote(desktop_, centre_), 1);
     return row;
 }
 

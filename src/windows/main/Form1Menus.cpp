@@ -17,6 +17,7 @@
 #include "windows/NumeralsWindow.hpp"
 #include "windows/PrintingWindow.hpp"
 #include "windows/TrovaParola.hpp"
+#include "windows/VociWindow.hpp"
 #include "windows/main/FindSign.hpp"
 #include "windows/main/Form1.hpp"
 #include "windows/signs/SignMenu.hpp"
@@ -118,7 +119,11 @@ Form1::Menu Form1::searchMenu()
                 {"mancante", QStringLiteral("&Geroglifico mancante"), choose(Mode::MissingSign), {}, true},
                 {.name = "vociTrovate",
                  .caption = QStringLiteral("&Elenco delle voci"),
-                 .handler = [this] { listEntries(); },
+                 .handler =
+                     [this] {
+                         find_->insertPending();  // the sign that is being chosen
+                         Voci::openFromMenu(desktop_, windows_);
+                     },
                  .shortcut = QStringLiteral("Ctrl+Return"),
                  .separated = true},
                 {"trovaParola", QStringLiteral("Dall'italiano e dalla traslitterazione..."),
@@ -134,6 +139,7 @@ void Form1::buildMenus()
     addMenu(optionsMenu());
     addMenu(favouritesMenu());
     modeItems_ = addMenu(searchMenu());
+    modeItems_.resize(kModes);  // the items behind the modes have no tick
     addMenu({"fonemi",
              QStringLiteral("&Tabelle"),
              {{"ins", QStringLiteral("&Alfabeto"), [this] { windows_.open<Form2>(); }},

@@ -21,19 +21,19 @@ PhraseNote::PhraseNote(Desktop& desktop, QWidget* parent) : QWidget(parent), des
 {
     setObjectName(QStringLiteral("Frase"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    connect(&desktop_, &Desktop::changed, this, &PhraseNote::showPhrase);
+    showPhrase();
 }
 
-void PhraseNote::setCodes(const std::string& codes)
+void PhraseNote::showPhrase()
 {
+    const std::string& codes = desktop_.session().display().DisplayCodes();
     const std::size_t count = codes.size() / kCodeLength;
     const QString text = codes.empty() ? QString()
                                        : QStringLiteral("Frase: %1 (%2)")
                                              .arg(qtext(gardinerOf(codes)),
                                                   count == 1 ? QStringLiteral("1 segno")
                                                              : QStringLiteral("%1 segni").arg(count));
-    if (codes_ == codes && text_ == text) {
-        return;
-    }
     codes_ = codes;
     text_ = text;
     setAccessibleName(text_.isEmpty() ? QStringLiteral("frase vuota") : text_);

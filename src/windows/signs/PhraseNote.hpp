@@ -8,16 +8,13 @@ namespace karvel {
 class Desktop;
 
 /// The phrase itself, small: its signs, its Gardiner numbers and their count. The cells may show an entry
-/// instead.
+/// instead. It follows the phrase by itself.
 class PhraseNote : public QWidget {
     Q_OBJECT
 
   public:
     /// `desktop` must outlive the widget.
     PhraseNote(Desktop& desktop, QWidget* parent);
-
-    /// `codes` are sign codes without separators.
-    void setCodes(const std::string& codes);
 
     [[nodiscard]] const QString& text() const { return text_; }
 
@@ -28,6 +25,8 @@ class PhraseNote : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void showPhrase();
+
     Desktop& desktop_;
     std::string codes_;
     QString text_;

@@ -86,7 +86,8 @@ void SignMenu::popUp(QWidget& sign, const std::string& code, const QPoint& at)
     copy->setEnabled(SignRepertoire::standard().byCode(code) != nullptr);
     connect(insertItem, &QAction::triggered, &sign, [this, &sign, code] { insert(sign, code); });
     connect(copy, &QAction::triggered, this, [code] { copyPhrase(code); });
-    connect(usedIn, &QAction::triggered, this, [this, code] { windows_.open<Voci>().list(Mode::Contains, code); });
+    connect(usedIn, &QAction::triggered, this,
+            [this, code] { windows_.open<Voci>().list(Mode::Contains, code); });
     menu->popup(at);
 }
 

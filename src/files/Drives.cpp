@@ -63,7 +63,7 @@ fs::path nameIn(const fs::path& directory, const std::string& wanted)
 fs::path nameIn(const fs::path& directory, const std::string& wanted)
 {
     std::error_code error;
-    const fs::path asGiven = hostPath(wanted);
+    fs::path asGiven = hostPath(wanted);
     if (fs::exists(fs::symlink_status(directory / asGiven, error))) {
         return asGiven;
     }

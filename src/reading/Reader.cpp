@@ -81,7 +81,7 @@ std::vector<FixedWord> standing(std::span<const FixedWord> fixed, std::size_t si
 }
 
 /// Neighbouring signs that are no word become one range, unless a hand set its ends.
-std::vector<Reading> joined(std::vector<Reading> readings, std::span<const FixedWord> fixed)
+std::vector<Reading> joined(const std::vector<Reading>& readings, std::span<const FixedWord> fixed)
 {
     const auto byHand = [&](const Reading& reading) {
         return std::ranges::find(fixed, reading.begin, &FixedWord::begin) != fixed.end();
@@ -153,6 +153,7 @@ std::vector<ReadWord> Reader::read(std::string_view codes, std::span<const Fixed
     const SignNumbers signs = signsOf(codes);
     const std::vector<FixedWord> valid = standing(fixed, signs.size());
     std::vector<FixedRange> ranges;
+    ranges.reserve(valid.size());
     for (const FixedWord& word : valid) {
         ranges.push_back(
             {word.begin, word.length, word.choice ? lexicon_->numberOf(keyOf(*word.choice)) : 0});

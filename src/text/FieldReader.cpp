@@ -237,7 +237,7 @@ std::string_view FieldReader::field()
 void FieldReader::fields(std::span<std::string_view> fields)
 {
     constexpr std::size_t kUsual = 8;
-    std::array<Slice, kUsual> few;
+    std::array<Slice, kUsual> few{};
     std::vector<Slice> many;
     if (fields.size() > kUsual) {
         many.resize(fields.size());

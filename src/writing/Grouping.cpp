@@ -324,6 +324,7 @@ Layout blocksOf(std::string_view codes)
 {
     const std::vector<std::string_view> list = splitCodes(codes);
     std::vector<const SignTraits*> traits;
+    traits.reserve(list.size());
     for (const std::string_view code : list) {
         traits.push_back(&traitsOf(code));
     }

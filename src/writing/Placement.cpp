@@ -91,7 +91,8 @@ Piece besideEachOther(const std::vector<Group>& parts)
     for (Piece& piece : pieces) {
         const double x = whole.width + (whole.width > 0 ? kBetweenParts : 0);
         whole.width = x + piece.width;
-        put(std::move(piece), x, (whole.height - piece.height) / 2, whole);
+        const double y = (whole.height - piece.height) / 2;
+        put(std::move(piece), x, y, whole);
     }
     return whole;
 }
@@ -111,7 +112,8 @@ Piece aboveEachOther(const std::vector<Group>& parts)
     double y = 0;
     for (Piece& piece : pieces) {
         const double height = piece.height;
-        put(std::move(piece), (whole.width - piece.width) / 2, y, whole);
+        const double x = (whole.width - piece.width) / 2;
+        put(std::move(piece), x, y, whole);
         y += height + gap;
     }
     whole.height = y - gap;

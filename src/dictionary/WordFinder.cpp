@@ -6,6 +6,14 @@
 
 namespace karvel {
 
+namespace {
+
+/// Bytes. A file up to this size is folded in a moment and without a look at the events: keys that the user
+/// types meanwhile wait, and none is lost.
+constexpr std::uint64_t kFoldedAtOnce = 16U << 20U;
+
+}  // namespace
+
 /// The whole dictionary in memory, or what was read of it before a fault.
 struct WordFinder::Folded {
     struct Record {
@@ -91,7 +99,8 @@ void WordFinder::fold()
     }
     folded_.reset();  // its memory goes before the new one is made
     auto folded = std::make_shared<Folded>();
-    RecordReader reader(openDictionary(files_, ui_, path_));
+    RecordReader reader(state.size <= kFoldedAtOnce ? files_.open(path_)
+                                                    : openDictionary(files_, ui_, path_));
     try {
         while (reader.next()) {
             if (folded->records.size() == most_) {

@@ -164,9 +164,9 @@ void writeUnknown(const PlacedSign& sign, Writer& svg)
         char before = ' ';
         for (const char point : found == kLetters.end() ? std::string_view() : found->strokes) {
             if (point != ' ') {
-                const int place = point - '0';
-                svg << (before == ' ' ? 'M' : 'L') << x + step * (place % 3) << ' '
-                    << y + 1.5 * step * (place / 3);
+                const int row = (point - '0') / 3;
+                const int column = (point - '0') % 3;
+                svg << (before == ' ' ? 'M' : 'L') << x + step * column << ' ' << y + 1.5 * step * row;
             }
             before = point;
         }

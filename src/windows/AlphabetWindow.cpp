@@ -22,16 +22,6 @@ constexpr int kColumns = 8;
 constexpr int kNameHeight = 132;       // of the part that shows the name in its cartouche
 constexpr int kNameBlockHeight = 108;  // of the cartouche; a long name is drawn smaller
 
-QPushButton* pushButton(const char* name, const QString& caption, const QString& spoken, QWidget* parent)
-{
-    auto* const made = new QPushButton(caption, parent);
-    made->setObjectName(QLatin1String(name));
-    made->setAccessibleName(spoken);
-    made->setToolTip(spoken);
-    made->setAutoDefault(false);
-    return made;
-}
-
 }  // namespace
 
 Form2::Form2(Desktop& desktop, QWidget* parent)
@@ -61,12 +51,12 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
     chart_->setObjectName(QStringLiteral("chart"));
     fillChart();
     // Enter in the field presses this button.
-    QPushButton* const go = pushButton("Command1", QStringLiteral("Trascrivi"),
-                                       QStringLiteral("scrive il nome con i segni, sul display"), this);
+    QPushButton* const go = spokenButton("Command1", QStringLiteral("Trascrivi"),
+                                         QStringLiteral("scrive il nome con i segni, sul display"), this);
     go->setDefault(true);
     connect(go, &QPushButton::clicked, this, &Form2::transcribeName);
-    QPushButton* const print = pushButton("Command2", QStringLiteral("Stampa la tavola..."),
-                                          QStringLiteral("stampa la tavola su un foglio"), this);
+    QPushButton* const print = spokenButton("Command2", QStringLiteral("Stampa la tavola..."),
+                                            QStringLiteral("stampa la tavola su un foglio"), this);
     connect(print, &QPushButton::clicked, chart_, &SignSheet::print);
 
     auto* const line = new QHBoxLayout;

@@ -18,7 +18,9 @@ namespace {
 
 constexpr int kMargin = 6;  // logical pixels
 
-QPushButton* pictureButton(const char* name, const QString& caption, const QString& spoken, QWidget* parent)
+}  // namespace
+
+QPushButton* spokenButton(const char* name, const QString& caption, const QString& spoken, QWidget* parent)
 {
     auto* const made = new QPushButton(caption, parent);
     made->setObjectName(QLatin1String(name));
@@ -28,15 +30,13 @@ QPushButton* pictureButton(const char* name, const QString& caption, const QStri
     return made;
 }
 
-}  // namespace
-
 PictureButtons pictureButtons(QWidget* parent)
 {
     const PictureButtons made{
-        .copy = pictureButton("copia", QStringLiteral("Copia come &figura"),
-                              QStringLiteral("copia i segni in blocchi come figura (Ctrl+Maiusc+C)"), parent),
-        .save = pictureButton("salva", QStringLiteral("&Salva figura..."),
-                              QStringLiteral("salva i segni in blocchi in un file PNG, SVG o PDF"), parent)};
+        .copy = spokenButton("copia", QStringLiteral("Copia come &figura"),
+                             QStringLiteral("copia i segni in blocchi come figura (Ctrl+Maiusc+C)"), parent),
+        .save = spokenButton("salva", QStringLiteral("&Salva figura..."),
+                             QStringLiteral("salva i segni in blocchi in un file PNG, SVG o PDF"), parent)};
     made.copy->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
     return made;
 }

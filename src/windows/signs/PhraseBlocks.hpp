@@ -14,6 +14,11 @@ struct PictureButtons {
     QPushButton* save = nullptr;
 };
 
+/// A button with the object name `name`, a caption, and `spoken` as its tooltip and its name for assistive
+/// technology. Return does not press it by itself.
+[[nodiscard]] QPushButton* spokenButton(const char* name, const QString& caption, const QString& spoken,
+                                        QWidget* parent);
+
 /// "Copia come figura" and "Salva figura...", not connected yet.
 [[nodiscard]] PictureButtons pictureButtons(QWidget* parent);
 

@@ -152,8 +152,7 @@ TEST_F(SessionTest, WhatCannotBeWrittenIsToldOnceAndKeptInMemory)
     EXPECT_EQ(session.display().DisplayCodes(), "a01");
     session.modes().choose(Mode::EndsWith, session.files());
     applyWindowColour(session.files(), session.colours(), Colour::rgb(1, 2, 3));
-    rereadColours(session.files(), session.colours());
-    EXPECT_EQ(session.colours().window, Colour::rgb(1, 2, 3));
+    EXPECT_EQ(readColours(session.files()).window, Colour::rgb(1, 2, 3));
     EXPECT_EQ(drive.read(kSearchModePath), " 3\r\n");
     EXPECT_EQ(std::distance(fs::directory_iterator(drive.host(kUndoPath).parent_path()), {}), present + 1);
 }

@@ -27,7 +27,7 @@ double timed(const std::function<void()>& action)
     QElapsedTimer timer;
     timer.start();
     action();
-    QApplication::processEvents();  // paints what the action asked to be painted, once
+    QApplication::processEvents();  // one repaint for all changes of the action
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 

@@ -36,13 +36,13 @@ void showEntry(Session& session, const DictionaryEntry& entry);
 /// False when they were refused. Throws like Palette::pressCodes.
 bool useSigns(Session& session, std::string_view codes);
 
-/// All spellings as a table for spreadsheets, UTF-8 with its mark, fields parted by ";" as they are here.
+/// All spellings as a table for spreadsheets, UTF-8 with its mark, fields separated by ";" as they are here.
 [[nodiscard]] std::string asCsv(const Answers& answers);
 
 /// All spellings as a page with the signs in Unicode.
 [[nodiscard]] std::string asHtml(const Answers& answers, std::string_view heading);
 
-/// One entry as the row of a table in HTML, and as plain text parted by tabs.
+/// One entry as the row of a table in HTML, and as plain text separated by tabs.
 [[nodiscard]] std::string htmlRow(const DictionaryEntry& entry);
 [[nodiscard]] std::string plainRow(const DictionaryEntry& entry);
 

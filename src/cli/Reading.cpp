@@ -23,7 +23,7 @@ void printWords(Output& output, const Reader& reader, std::string_view codes)
     }
 }
 
-/// The sign codes of a line in whatever form; what is not known is told with the line's number.
+/// The sign codes of a line in any of the forms. Unknown signs are reported with the line's number.
 std::string codesOfLine(std::string_view line, std::size_t number, bool gardiner)
 {
     std::string codes;

@@ -80,12 +80,12 @@ class Passage {
 
     /// Running text as books print it; a line for each line of the text. What is no word is in brackets.
     [[nodiscard]] std::string transliteration() const;
-    /// The first meaning of each word, parted by bars; "[?]" where there is none.
+    /// The first meaning of each word, separated by bars; "[?]" where there is none.
     [[nodiscard]] std::string translation() const;
 
     /// A page of its own, with the signs as Unicode hieroglyphs.
     [[nodiscard]] std::string html() const;
-    /// A word a line: signs, transliteration and translation parted by tabs; then the running texts.
+    /// A word a line: signs, transliteration and translation separated by tabs; then the running texts.
     [[nodiscard]] std::string plainText() const;
 
   private:

@@ -20,7 +20,7 @@ struct ReadPhrase {
     std::vector<std::string> unknown;  ///< what was not known, each once, in order
 };
 
-/// Reads Unicode hieroglyphs, Gardiner numbers parted by "-", ":", "*" or blanks, or the system's codes, in
+/// Reads Unicode hieroglyphs, Gardiner numbers separated by "-", ":", "*" or blanks, or the system's codes, in
 /// any mixture. Characters that only arrange hieroglyphs are ignored.
 [[nodiscard]] ReadPhrase readPhrase(std::string_view utf8);
 

@@ -95,7 +95,7 @@ QImage PictureStore::decoded(const std::string& systemPath)
     if (const QImage* const known = images_.object(name)) {
         return *known;
     }
-    const QImage image = decodedImage(drives_, systemPath);
+    QImage image = decodedImage(drives_, systemPath);
     if (!image.isNull()) {
         good_.insert(systemPath);
         images_.insert(name, new QImage(image), kilobytes(image.sizeInBytes()));

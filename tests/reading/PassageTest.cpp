@@ -17,6 +17,7 @@ TEST(PassageSigns, AreReadInEveryFormWithTheirLines)
     EXPECT_EQ(signs.lines, (std::vector<std::size_t>{5, 5, 6}));
     const std::vector<UnknownText> unknown = {{"zz", 3, 2}, {"\U0001342F", 4, 2}, {"x9", 4, 4}};
     EXPECT_EQ(signs.unknown, unknown);
+    EXPECT_EQ(readSigns("a12-b12h11", SignForm::Gardiner).codes, readSigns("A12 b12h11").codes);
     EXPECT_EQ(passageText("\xEF\xBB\xBFG1 \xC3\xA0"), "G1 à");
     EXPECT_EQ(passageText("G1 \xE0"), "G1 à");
 }
@@ -36,7 +37,9 @@ TEST(Passage, IsCorrectedUndoneSavedAndOpened)
     passage.chooseNext(2);
     passage.chooseNext(1);
     EXPECT_EQ(passage.translation(), "dire | di\ntempio");
-    EXPECT_NE(passage.html().find("di; &lt;da&gt;"), std::string::npos);
+    const auto codes = [](const std::string& word) { return "<" + word + ">"; };
+    EXPECT_NE(passage.html(codes).find("<h11></div>"), std::string::npos);
+    EXPECT_NE(passage.html(codes).find("di; &lt;da&gt;"), std::string::npos);
     EXPECT_NE(passage.plainText().find("\U00013216\tn.i\tdi; <da>\n\n"), std::string::npos)
         << passage.plainText();
     passage.chooseNext(2);  // after the last comes the first
@@ -49,7 +52,7 @@ TEST(Passage, IsCorrectedUndoneSavedAndOpened)
     again.use(reader);
     again.open(readHandWork(file).value());
     EXPECT_EQ(again.work(), passage.work());
-    EXPECT_EQ(again.html(), passage.html());
+    EXPECT_EQ(again.html(codes), passage.html(codes));
     for (std::size_t length = 0; length < file.size(); ++length) {
         EXPECT_FALSE(readHandWork(file.substr(0, length))) << length;
     }

@@ -230,10 +230,13 @@ bool Passage::undo()
 std::string Passage::transliteration() const
 {
     std::string text;
-    for (const ReadWord& word : words_) {
-        text += printedReading(word) + (endsLine(word) ? "\n" : " ");
+    for (std::size_t i = 0; i < words_.size(); ++i) {
+        const std::string printed = printedReading(words_[i]);
+        const bool first = i == 0;
+        const bool newLine = !first && endsLine(words_[i - 1]);
+        text += newLine ? "\n" : first || printed.starts_with('=') ? "" : " ";
+        text += printed;
     }
-    text.resize(text.empty() ? 0 : text.size() - 1);
     return text;
 }
 

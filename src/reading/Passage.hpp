@@ -83,7 +83,8 @@ class Passage {
     bool undo();
     [[nodiscard]] bool canUndo() const { return !earlier_.empty(); }
 
-    /// Running text as books print it; a line for each line of the text. What is no word is in brackets.
+    /// Running text as books print it, with suffixes joined to their words; a line for each line of the text.
+    /// What is no word is in brackets.
     [[nodiscard]] std::string transliteration() const;
     /// The first meaning of each word, parted by bars; "[?]" where there is none.
     [[nodiscard]] std::string translation() const;

@@ -26,7 +26,8 @@ constexpr int kBelowSigns = 2;
 constexpr int kTranslationWidth = 130;
 
 constexpr int kTranslationLines = 3;
-constexpr qreal kPale = 0.4;  ///< how much of the surface is in the colour of a doubtful word
+constexpr qreal kCurrent = 0.15;  ///< how much of the ink is in the ground of the current word
+constexpr qreal kPale = 0.4;      ///< how much of the surface is in the colour of a doubtful word
 constexpr int kWrapped = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
 
 /// Signs stand in blocks; words wider than `width` go on in a row below.
@@ -177,6 +178,9 @@ void ReadingLines::paintWord(QPainter& painter, std::size_t word)
     look.ink = inkOn(surface);
     const int left = inner.left() + (inner.width() - signs.width()) / 2;
     painter.save();
+    if (word == current_) {
+        painter.fillRect(place, between(surface, inkOn(surface), kCurrent));
+    }
     paintPhrase(painter, QRectF(QPoint(left, inner.top()), signs), codes, kBlocks, look, desktop_);
     paintReading(painter, read, inner.adjusted(0, signs.height() + kBelowSigns, 0, 0));
     if (word == current_) {

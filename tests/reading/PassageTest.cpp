@@ -27,10 +27,14 @@ TEST(Passage, IsCorrectedUndoneSavedAndOpened)
     testing::TemporaryDrive drive;
     drive.write(kDictionaryPath, record("f22c18", "dire, parlare", "Dd") + record("h11", "a", "n") +
                                      record("h11", "di; <da>", "n.i") + record("h18o35", "casa", "pr") +
-                                     record("h18o35", "tempio", "pr") + record("h18", "pianta", "pr"));
+                                     record("h18o35", "tempio", "pr") + record("h18", "pianta", "pr") +
+                                     record("f21", "suo", "=f"));
     const Reader reader(drive.files());
     Passage passage;
     passage.use(reader);
+    passage.setText("h18o35f21h11");
+    EXPECT_EQ(passage.transliteration(), "pr=f n");
+    passage.undo();
     passage.setText("f22c18h11\nh18o35");
     EXPECT_EQ(passage.transliteration(), "ḏd n\npr");
     EXPECT_EQ(passage.translation(), "dire | a\ncasa");

@@ -5,9 +5,7 @@
 #include "cli/Command.hpp"
 #include "cli/Output.hpp"
 #include "dictionary/TranslationLookup.hpp"
-#include "reading/Reader.hpp"
-#include "text/CodePage.hpp"
-#include "text/PhraseText.hpp"
+#include "reading/Passage.hpp"
 
 namespace karvel::cli {
 
@@ -23,27 +21,19 @@ void printWords(Output& output, const Reader& reader, std::string_view codes)
     }
 }
 
-/// The sign codes of a line in any of the forms. Unknown signs are reported with the line's number.
-std::string codesOfLine(std::string_view line, std::size_t number, bool gardiner)
+/// The sign codes of a line in any of the forms. Unknown signs are reported with their place.
+std::string codesOfLine(std::string_view line, std::size_t number, SignForm preferred)
 {
-    std::string codes;
-    if (std::string unknown; gardiner) {
-        if (const auto known = codesOfGardiner(line, unknown)) {
-            return *known;
-        }
+    PassageSigns signs = readSigns(line, preferred);
+    for (const UnknownText& unknown : signs.unknown) {
+        complain("riga " + std::to_string(number) + ", carattere " + std::to_string(unknown.column) +
+                 ": segno sconosciuto: \"" + unknown.text + "\"");
     }
-    const ReadPhrase phrase = readPhrase(line);
-    for (const std::string& code : phrase.codes) {
-        codes += code;
-    }
-    for (const std::string& unknown : phrase.unknown) {
-        complain("riga " + std::to_string(number) + ": segno sconosciuto: \"" + unknown + "\"");
-    }
-    return codes;
+    return std::move(signs.codes);
 }
 
 /// Every line that is not empty gives a block, also one without a known sign: block n answers line n.
-Exit printFile(Output& output, const Reader& reader, std::string_view text, bool gardiner)
+Exit printFile(Output& output, const Reader& reader, std::string_view text, SignForm preferred)
 {
     bool all = true;
     bool first = true;
@@ -51,16 +41,13 @@ Exit printFile(Output& output, const Reader& reader, std::string_view text, bool
         const std::size_t end = std::min(text.find('\n'), text.size());
         std::string_view line = text.substr(0, end);
         text.remove_prefix(std::min(end + 1, text.size()));
-        if (line.ends_with('\r')) {
-            line.remove_suffix(1);
-        }
-        if (line.find_first_not_of(" \t") == std::string_view::npos) {
+        if (line.find_first_not_of(" \t\r") == std::string_view::npos) {
             continue;
         }
         if (!std::exchange(first, false)) {
             output.line("");
         }
-        const std::string codes = codesOfLine(line, number, gardiner);
+        const std::string codes = codesOfLine(line, number, preferred);
         all = all && !codes.empty();
         printWords(output, reader, codes);
     }
@@ -93,7 +80,8 @@ Exit readPassage(const Arguments& given)
         return Exit::Done;
     }
     try {
-        return printFile(output, *reader, files.readAll(path), gardiner);
+        return printFile(output, *reader, passageText(files.readAll(path)),
+                         gardiner ? SignForm::Gardiner : SignForm::Code);
     } catch (const RuntimeError& error) {
         complain(path + ": " + std::string(error.text()));
         return Exit::Error;

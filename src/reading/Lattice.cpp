@@ -14,7 +14,7 @@ constexpr std::size_t kNodes = 12;  ///< kept at a position
 constexpr float kNodeGap = 8.0F;    ///< none that is so much worse than the best of its position
 constexpr float kArcGap = 10.0F;    ///< nor an arc
 constexpr float kFollowingWeight =
-    0.75F;                           ///< weight of what follows what, against 1 of how words are written
+    0.65F;                           ///< weight of what follows what, against 1 of how words are written
 constexpr float kEachWord = -0.7F;   ///< for every word: fewer and longer ones
 constexpr float kNoWord = -14.0F;    ///< for a sign that is no word
 constexpr float kAnyWord = -10.0F;   ///< for a word chosen by hand for signs that never write it

@@ -16,8 +16,7 @@ constexpr std::size_t kLongestChanged = 10;  ///< signs of a changed spelling; t
 constexpr float kNewEach = 0.7F;
 constexpr float kNewOnce = 0.5F;
 constexpr float kNewAll = 2.5F;
-constexpr float kNear = 0.8F;       ///< of the new ways so many differ by one sign from a known one
-constexpr float kAnySign = 0.3F;    ///< of the changes so many are spread over all signs
+constexpr float kMoved = 0.005F;    ///< of them so many differ from a known one by the place of a sign
 constexpr float kUncounted = 0.5F;  ///< added to the count of a word when candidates are compared
 constexpr std::size_t kKept = 6;    ///< candidates for a run of signs
 
@@ -37,51 +36,40 @@ std::uint64_t hashOf(SignsView signs)
     return hash;
 }
 
-/// The hashes of `signs`, at most kLongest of them, with one taken out, each in constant time.
+/// The hashes of `signs`, at most kLongest of them, with one or two taken out, each in constant time.
 class HashesWithout {
   public:
-    explicit HashesWithout(SignsView signs)
+    explicit HashesWithout(SignsView signs) : length_(signs.size())
     {
-        std::uint64_t hash = 0;
-        for (std::size_t i = 0; i < signs.size(); ++i) {
-            before_[i] = hash;
-            hash = extended(hash, signs[i]);
-        }
-        hash = 0;
-        std::uint64_t power = 1;
-        for (std::size_t i = signs.size(); i-- > 0;) {
-            power_[i] = power;
-            after_[i] = hash;
-            hash += (signs[i] + std::uint64_t{1}) * power;
-            power *= kBase;
+        powers_[0] = 1;
+        for (std::size_t i = 0; i < length_; ++i) {
+            before_[i + 1] = extended(before_[i], signs[i]);
+            powers_[i + 1] = powers_[i] * kBase;
         }
     }
 
-    [[nodiscard]] std::uint64_t operator[](std::size_t i) const { return before_[i] * power_[i] + after_[i]; }
+    [[nodiscard]] std::uint64_t operator[](std::size_t i) const
+    {
+        return before_[i] * powers_[length_ - i - 1] + between(i + 1, length_);
+    }
+    /// Without the signs `i` and `j`, which is greater.
+    [[nodiscard]] std::uint64_t without(std::size_t i, std::size_t j) const
+    {
+        const std::uint64_t front = before_[i] * powers_[j - i - 1] + between(i + 1, j);
+        return front * powers_[length_ - j - 1] + between(j + 1, length_);
+    }
 
   private:
-    std::array<std::uint64_t, kLongest> before_{};
-    std::array<std::uint64_t, kLongest> after_{};
-    std::array<std::uint64_t, kLongest> power_{};
-};
+    /// The hash of the signs from `begin` to before `end` alone.
+    [[nodiscard]] std::uint64_t between(std::size_t begin, std::size_t end) const
+    {
+        return before_[end] - before_[begin] * powers_[end - begin];
+    }
 
-std::vector<float> editScores(const ReadingModel& model)
-{
-    std::vector<float> scores(kEdits * kSignNumbers);
-    std::array<float, kEdits> totals{};
-    float all = 1;
-    for (const auto& [edit, sign, count] : model.edits) {
-        const auto kind = static_cast<std::size_t>(edit);
-        scores[kind * kSignNumbers + sign] += count;
-        totals[kind] += count;
-        all += count;
-    }
-    for (std::size_t i = 0; i < scores.size(); ++i) {
-        const float spread = kAnySign * (totals[i / kSignNumbers] + 1) / kSignNumbers;
-        scores[i] = std::log(kNear * (scores[i] + spread) / (all * (1 + kAnySign)));
-    }
-    return scores;
-}
+    std::size_t length_;
+    std::array<std::uint64_t, kLongest + 1> before_{};  ///< hashes of the first signs, by their number
+    std::array<std::uint64_t, kLongest + 1> powers_{};  ///< of kBase
+};
 
 float logOf(std::size_t count)
 {
@@ -90,7 +78,7 @@ float logOf(std::size_t count)
 
 }  // namespace
 
-Lexicon::Lexicon(const ReadingModel& model) : edits_(editScores(model))
+Lexicon::Lexicon(const ReadingModel& model) : edits_(model)
 {
     words_.reserve(model.words.size());
     for (const auto& word : model.words) {
@@ -177,9 +165,28 @@ const Lexicon::Spelling* Lexicon::find(std::uint64_t hash) const
     return number == 0 ? nullptr : &spellings_[number - 1];
 }
 
-float Lexicon::changed(Edit edit, char16_t sign) const
+/// The sign `at` is one that a known spelling lacks.
+float Lexicon::more(SignsView signs, std::size_t at) const
 {
-    return edits_[static_cast<std::size_t>(edit) * kSignNumbers + sign];
+    const bool last = at + 1 == signs.size();
+    return edits_(last ? Edit::AtEnd : Edit::Inside, signs[at], at == 0 ? char16_t{0} : signs[at - 1]) -
+           (last ? 0 : logOf(signs.size() - 1));
+}
+
+/// A spelling lacks the sign `at` of a known one.
+float Lexicon::fewer(const Spelling& known, std::size_t at) const
+{
+    return edits_(Edit::Without, known.signs[at], at == 0 ? char16_t{0} : known.signs[at - 1]) -
+           logOf(known.signs.size());
+}
+
+/// Calls `take` with each spelling that has this hash without one of its signs, and that sign's place.
+template <typename Take>
+void Lexicon::eachWithout(std::uint64_t hash, Take take) const
+{
+    for (std::uint32_t i = gapsOf_.get(hash); i != 0; i = gaps_[i].next) {
+        take(spellings_[gaps_[i].spelling], std::size_t{gaps_[i].at});
+    }
 }
 
 void Lexicon::changedSpellings(SignsView signs, std::vector<Candidate>& found) const
@@ -190,25 +197,45 @@ void Lexicon::changedSpellings(SignsView signs, std::vector<Candidate>& found) c
         }
     };
     const std::size_t length = signs.size();
-    for (std::uint32_t i = gapsOf_.get(hashOf(signs)); i != 0; i = gaps_[i].next) {
-        const Spelling& known = spellings_[gaps_[i].spelling];
-        offer(known, changed(Edit::Without, known.signs[gaps_[i].at]) - logOf(length + 1));
-    }
+    eachWithout(hashOf(signs),
+                [&](const Spelling& known, std::size_t gap) { offer(known, fewer(known, gap)); });
     if (length < 2) {
         return;
     }
+    static const float logMoved = std::log(kMoved);
+    const float logLength = logOf(length);
+    const auto other = [&](std::size_t at, char16_t known) {
+        return edits_(Edit::Other, signs[at], known) - logLength;
+    };
     const HashesWithout hashes(signs);
+    std::array<float, kLongestChanged> added{};
     for (std::size_t at = 0; at < length; ++at) {
+        added[at] = more(signs, at);
         if (const Spelling* const shorter = find(hashes[at])) {
-            const bool last = at + 1 == length;
-            offer(*shorter,
-                  changed(last ? Edit::AtEnd : Edit::Inside, signs[at]) - (last ? 0 : logOf(length - 1)));
+            offer(*shorter, added[at]);
         }
-        for (std::uint32_t i = gapsOf_.get(hashes[at]); i != 0; i = gaps_[i].next) {
-            const Spelling& known = spellings_[gaps_[i].spelling];
-            if (gaps_[i].at == at && known.signs[at] != signs[at]) {
-                offer(known, changed(Edit::Other, signs[at]) - logOf(length));
+        eachWithout(hashes[at], [&](const Spelling& known, std::size_t gap) {
+            const char16_t sign = known.signs[gap];
+            if (sign == signs[at]) {
+                offer(known, logMoved - logLength);
+            } else {
+                offer(known, gap == at ? other(at, sign) : added[at] + fewer(known, gap));
             }
+        });
+    }
+    for (std::size_t at = 0; length > 2 && at < length; ++at) {
+        for (std::size_t next = at + 1; next < length; ++next) {
+            const std::uint64_t hash = hashes.without(at, next);
+            if (const Spelling* const shorter = find(hash)) {
+                offer(*shorter, added[at] + added[next]);
+            }
+            eachWithout(hash, [&](const Spelling& known, std::size_t gap) {
+                if (gap == at) {
+                    offer(known, added[next] + other(at, known.signs[gap]));
+                } else if (gap + 1 == next) {
+                    offer(known, added[at] + other(next, known.signs[gap]));
+                }
+            });
         }
     }
 }

@@ -5,13 +5,15 @@
 #include <unordered_map>
 #include <vector>
 
+#include "reading/EditScores.hpp"
 #include "reading/FlatMap.hpp"
 #include "reading/Model.hpp"
 
 namespace karvel {
 
 /// Which words a run of signs may write, and how likely a word is written so. A spelling that is not known is
-/// taken for a known one with one sign more, fewer or other.
+/// taken for a known one with a sign more, fewer, other or in another place, or with two signs more, or one
+/// more and one fewer or other.
 class Lexicon {
   public:
     struct Word {
@@ -66,7 +68,10 @@ class Lexicon {
 
     Spelling& spellingOf(SignsView signs);
     [[nodiscard]] const Spelling* find(std::uint64_t hash) const;
-    [[nodiscard]] float changed(Edit edit, char16_t sign) const;
+    [[nodiscard]] float more(SignsView signs, std::size_t at) const;
+    [[nodiscard]] float fewer(const Spelling& known, std::size_t at) const;
+    template <typename Take>
+    void eachWithout(std::uint64_t hash, Take take) const;
     void changedSpellings(SignsView signs, std::vector<Candidate>& found) const;
     void indexGaps();
 
@@ -76,8 +81,8 @@ class Lexicon {
     FlatMap<std::uint32_t> bySigns_;  ///< hash of the signs: the spelling's number plus one
     std::vector<Gap> gaps_{1};        ///< spellings without one sign; number 0 is none
     FlatMap<std::uint32_t> gapsOf_;   ///< hash of the signs that are left: the first gap
-    std::vector<float> edits_;        ///< logarithms of probabilities, by edit and sign
-    std::vector<float> weights_;      ///< logarithms of the words' counts
+    EditScores edits_;
+    std::vector<float> weights_;  ///< logarithms of the words' counts
     std::size_t longest_ = 1;
 };
 

@@ -13,7 +13,7 @@ namespace karvel {
 
 namespace {
 
-constexpr std::string_view kHeader = "karvel-lettura 1";
+constexpr std::string_view kHeader = "karvel-lettura 2";
 constexpr std::uint32_t kMaxCount = 1U << 24U;  ///< a float holds every smaller number exactly
 constexpr std::array<std::string_view, kEdits> kEditNames = {"fine", "dentro", "senza", "altro"};
 
@@ -59,6 +59,15 @@ class Columns {
             damaged();
         }
         return signsOf(codes);
+    }
+
+    char16_t signOrNone(char end)
+    {
+        const std::string_view codes = text(end);
+        if (!codes.empty() && !isSignCode(codes)) {
+            damaged();
+        }
+        return codes.empty() ? char16_t{0} : signsOf(codes).front();
     }
 
     /// The number of lines of the section `name` that begins here; never more than the bytes that are left.
@@ -144,6 +153,7 @@ ReadingModel parseModel(std::string_view bytes)
     for (auto& edit : model.edits) {
         edit.edit = columns.edit('\t');
         edit.sign = columns.signs('\t').front();
+        edit.beside = columns.signOrNone('\t');
         edit.count = columns.count('\n');
     }
     columns.expectEnd();

@@ -41,6 +41,7 @@ struct ReadingModel {
     struct EditCount {
         Edit edit = Edit::AtEnd;
         char16_t sign = 0;
+        char16_t beside = 0;  ///< the sign before it, for Edit::Other the one that it replaces; 0 none
         float count = 0;
     };
 

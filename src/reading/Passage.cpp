@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/SignCode.hpp"
+#include "base/SignRepertoire.hpp"
 #include "text/CodePage.hpp"
 #include "text/PhraseText.hpp"
 #include "text/Transliteration.hpp"
@@ -21,6 +22,8 @@ constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 /// Collects characters up to the end of a piece, whose place is known.
 class SignCollector {
   public:
+    explicit SignCollector(SignForm preferred) : preferred_(preferred) {}
+
     void add(char32_t character)
     {
         ++column_;
@@ -46,6 +49,13 @@ class SignCollector {
 
     void finish()
     {
+        const SignInfo* const sign =
+            preferred_ == SignForm::Gardiner ? SignRepertoire::standard().byGardiner(piece_) : nullptr;
+        if (sign != nullptr) {
+            signs_.codes += sign->code;
+            piece_.clear();
+            return;
+        }
         const ReadPhrase phrase = readPhrase(piece_);
         piece_.clear();
         for (const std::string& code : phrase.codes) {
@@ -59,6 +69,7 @@ class SignCollector {
     [[nodiscard]] PassageSigns& signs() { return signs_; }
 
   private:
+    SignForm preferred_;
     PassageSigns signs_;
     std::string piece_;
     std::size_t line_ = 1;
@@ -82,9 +93,9 @@ std::string_view firstMeaning(std::string_view translation)
 
 }  // namespace
 
-PassageSigns readSigns(std::string_view utf8)
+PassageSigns readSigns(std::string_view utf8, SignForm preferred)
 {
-    SignCollector collector;
+    SignCollector collector(preferred);
     for (std::size_t at = 0; at < utf8.size();) {
         collector.add(nextCharacter(utf8, at));
     }
@@ -219,10 +230,13 @@ bool Passage::undo()
 std::string Passage::transliteration() const
 {
     std::string text;
-    for (const ReadWord& word : words_) {
-        text += printedReading(word) + (endsLine(word) ? "\n" : " ");
+    for (std::size_t i = 0; i < words_.size(); ++i) {
+        const std::string printed = printedReading(words_[i]);
+        const bool first = i == 0;
+        const bool newLine = !first && endsLine(words_[i - 1]);
+        text += newLine ? "\n" : first || printed.starts_with('=') ? "" : " ";
+        text += printed;
     }
-    text.resize(text.empty() ? 0 : text.size() - 1);
     return text;
 }
 

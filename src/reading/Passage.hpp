@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,9 +26,12 @@ struct PassageSigns {
     std::vector<UnknownText> unknown;
 };
 
+/// How a word is read that is a sign code as well as a Gardiner number in small letters.
+enum class SignForm : std::uint8_t { Code, Gardiner };
+
 /// Reads Unicode hieroglyphs, sign codes, and Gardiner numbers with the separators of the Manuel de Codage,
 /// in any mixture. Line breaks are kept.
-[[nodiscard]] PassageSigns readSigns(std::string_view utf8);
+[[nodiscard]] PassageSigns readSigns(std::string_view utf8, SignForm preferred = SignForm::Code);
 
 /// The text of a file: UTF-8 with or without its mark; anything else is taken for the code page.
 [[nodiscard]] std::string passageText(std::string_view bytes);
@@ -78,13 +83,14 @@ class Passage {
     bool undo();
     [[nodiscard]] bool canUndo() const { return !earlier_.empty(); }
 
-    /// Running text as books print it; a line for each line of the text. What is no word is in brackets.
+    /// Running text as books print it, with suffixes joined to their words; a line for each line of the text.
+    /// What is no word is in brackets.
     [[nodiscard]] std::string transliteration() const;
     /// The first meaning of each word, separated by bars; "[?]" where there is none.
     [[nodiscard]] std::string translation() const;
 
-    /// A page of its own, with the signs as Unicode hieroglyphs.
-    [[nodiscard]] std::string html() const;
+    /// An HTML page that needs no other file. `picture` gives the picture of a word's codes in HTML.
+    [[nodiscard]] std::string html(const std::function<std::string(const std::string&)>& picture) const;
     /// A word a line: signs, transliteration and translation separated by tabs; then the running texts.
     [[nodiscard]] std::string plainText() const;
 

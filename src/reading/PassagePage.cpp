@@ -9,7 +9,6 @@ constexpr std::string_view kStyle =
     "body{font-family:serif;margin:2em;max-width:60em}"
     ".r{display:flex;flex-wrap:wrap;gap:1em 1.2em;margin-bottom:1.6em}"
     ".p{text-align:center;max-width:12em}"
-    ".s{font:2.2em 'Noto Sans Egyptian Hieroglyphs','Segoe UI Historic',serif}"
     ".t{font-style:italic}.p div:last-child{font-size:.85em}"
     ".d{color:#666;text-decoration:underline dotted}pre{white-space:pre-wrap;font:inherit}";
 
@@ -44,17 +43,17 @@ bool isDoubtful(const ReadWord& word)
     return !word.fixed && (!word.known || word.choice.confidence < kDoubtful);
 }
 
-std::string Passage::html() const
+std::string Passage::html(const std::function<std::string(const std::string&)>& picture) const
 {
     std::string page =
         "<!DOCTYPE html>\n<html lang=\"it\"><head><meta charset=\"utf-8\"><title>Lettura</title><style>" +
         std::string(kStyle) + "</style></head>\n<body>\n<h1>Lettura</h1>\n<p>" + std::string(kProposal) +
         "</p>\n<div class=\"r\">\n";
     for (const ReadWord& word : words_) {
-        page += "<div class=\"p\"><div class=\"s\">" + inHtml(unicodeOf(codesOf(word))) +
-                "</div><div class=\"t" + (isDoubtful(word) ? " d" : "") + "\">" +
-                inHtml(printedReading(word)) + "</div><div>" + inHtml(word.choice.translation) +
-                "</div></div>\n" + (endsLine(word) ? "</div>\n<div class=\"r\">\n" : "");
+        page += "<div class=\"p\"><div>" + picture(codesOf(word)) + "</div><div class=\"t" +
+                (isDoubtful(word) ? " d" : "") + "\">" + inHtml(printedReading(word)) + "</div><div>" +
+                inHtml(word.choice.translation) + "</div></div>\n" +
+                (endsLine(word) ? "</div>\n<div class=\"r\">\n" : "");
     }
     return page + "</div>\n<h2>Traslitterazione</h2>\n<pre class=\"t\">" + inHtml(transliteration()) +
            "</pre>\n<h2>Traduzione parola per parola</h2>\n<pre>" + inHtml(translation()) +

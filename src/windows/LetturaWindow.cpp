@@ -1,21 +1,19 @@
 #include "windows/LetturaWindow.hpp"
 
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QShortcut>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 
-#include "base/SignCode.hpp"
-#include "text/PhraseText.hpp"
 #include "text/Transliteration.hpp"
+#include "windows/ReadingFiles.hpp"
 #include "windows/ReadingLines.hpp"
+#include "windows/ReadingMenu.hpp"
+#include "windows/signs/PhrasePicture.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/Theme.hpp"
@@ -25,25 +23,15 @@ namespace karvel {
 namespace {
 
 constexpr std::string_view kEnding = ".karvel-lettura";
+constexpr int kPageBlocks = 48;  ///< height of the blocks on a saved page, in pixels
 constexpr std::size_t kLargestFile = std::size_t{1} << 20;
 constexpr int kTextLines = 3;  ///< that a box for text shows
 constexpr std::size_t kPlacesShown = 4;
 
-/// A choice in one line of a menu, with its note; "&" is no mark of a key there.
-QString line(const ReadingChoice& choice)
+/// In any letter case.
+bool endsWith(const std::string& path, std::string_view ending)
 {
-    QString text =
-        qtext(printedTransliteration(choice.transliteration)) + QStringLiteral("  —  ") +
-        (choice.translation.empty() ? QStringLiteral("(senza traduzione)") : qtext(choice.translation));
-    if (!choice.note.empty()) {
-        text += QStringLiteral("   [") + qtext(choice.note) + QLatin1Char(']');
-    }
-    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
-}
-
-QString documents()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return qtext(path).endsWith(qtext(ending), Qt::CaseInsensitive);
 }
 
 }  // namespace
@@ -56,56 +44,34 @@ Lettura::Lettura(Desktop& desktop, QWidget* parent) : QDialog(parent), desktop_(
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(12, 10, 12, 10);
     column->setSpacing(5);
-    buildTop();
-    area_ = new QScrollArea(this);
-    lines_ = new ReadingLines(desktop_, passage_, area_);
-    lines_->setObjectName(QStringLiteral("LetturaRighe"));
-    area_->setObjectName(QStringLiteral("LetturaVista"));
-    area_->setAccessibleName(QStringLiteral("parole del brano"));
-    area_->setFocusPolicy(Qt::NoFocus);
-    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area_->setWidgetResizable(true);
-    area_->setWidget(lines_);
-    area_->setMinimumHeight(150);
-    column->addWidget(area_, 1);
-    addCaption(qtext(kProposal));
-    buildBottom();
-    connect(lines_, &ReadingLines::opened, this, &Lettura::openMenu);
-    connect(lines_, &ReadingLines::nextWanted, this,
-            [this] { change([this] { passage_.chooseNext(lines_->current()); }); });
-    connect(lines_, &ReadingLines::currentChanged, this, [this] {
-        const QRect place = lines_->place(lines_->current());
-        area_->ensureVisible(place.center().x(), place.center().y(), 0, place.height() / 2 + 8);
-    });
-    connect(&desktop_, &Desktop::changed, this, [this] {
-        lines_->setPalette(paletteFor(colour(desktop_.session().colours().display)));
-        lines_->update();
-    });
-    lines_->setPalette(paletteFor(colour(desktop_.session().colours().display)));
+    buildTop(*column);
+    buildLines(*column);
+    column->addWidget(caption(qtext(kProposal)));
+    buildBottom(*column);
     resize(980, 640);
     text_->setFocus();
     showPassage();
 }
 
-QLabel* Lettura::addCaption(const QString& text)
+QLabel* Lettura::caption(const QString& text)
 {
-    auto* const caption = new QLabel(text, this);
-    caption->setTextFormat(Qt::PlainText);
-    caption->setWordWrap(true);
-    layout()->addWidget(caption);
-    return caption;
+    auto* const label = new QLabel(text, this);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
 }
 
-QPlainTextEdit* Lettura::addText(const char* name, const QString& caption)
+QPlainTextEdit* Lettura::addText(QBoxLayout& column, const char* name, const QString& captionText)
 {
-    QLabel* const label = addCaption(caption);
+    QLabel* const label = caption(captionText);
     auto* const text = new QPlainTextEdit(this);
     text->setObjectName(QLatin1String(name));
-    text->setAccessibleName(caption);
+    text->setAccessibleName(captionText);
     text->setTabChangesFocus(true);
     text->setFixedHeight(kTextLines * text->fontMetrics().lineSpacing() + 12);
     label->setBuddy(text);
-    layout()->addWidget(text);
+    column.addWidget(label);
+    column.addWidget(text);
     return text;
 }
 
@@ -118,10 +84,11 @@ QPushButton* Lettura::button(const char* name, const QString& caption, const QSt
     return made;
 }
 
-void Lettura::buildTop()
+void Lettura::buildTop(QBoxLayout& column)
 {
-    text_ = addText("LetturaTesto", QStringLiteral("Testo: geroglifici Unicode, numeri di Gardiner come "
-                                                   "M23-X1:R4, o codici dei segni"));
+    text_ = addText(column, "LetturaTesto",
+                    QStringLiteral("Testo: geroglifici Unicode, numeri di Gardiner come "
+                                   "M23-X1:R4, o codici dei segni"));
     auto* const fromPhrase = button("LetturaDallaFrase", QStringLiteral("Dalla &frase"),
                                     QStringLiteral("prende i segni composti nel display e li legge"));
     auto* const readButton =
@@ -134,23 +101,56 @@ void Lettura::buildTop()
     connect(readButton, &QPushButton::clicked, this, &Lettura::readText);
     connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+Return")), this), &QShortcut::activated,
             readButton, &QPushButton::click);
-    unknown_ = new QLabel(this);
+    unknown_ = caption({});
     unknown_->setObjectName(QStringLiteral("LetturaNonCompreso"));
-    unknown_->setTextFormat(Qt::PlainText);
-    unknown_->setWordWrap(true);
     auto* const row = new QHBoxLayout;
     row->addWidget(fromPhrase);
     row->addWidget(readButton);
     row->addWidget(unknown_, 1);
-    static_cast<QVBoxLayout*>(layout())->addLayout(row);
+    column.addLayout(row);
 }
 
-void Lettura::buildBottom()
+void Lettura::buildLines(QBoxLayout& column)
 {
-    transliteration_ = addText("LetturaTraslitterazione", QStringLiteral("Traslitterazione"));
-    translation_ = addText("LetturaTraduzione", QStringLiteral("Traduzione parola per parola"));
-    transliteration_->setReadOnly(true);
-    translation_->setReadOnly(true);
+    auto* const area = new QScrollArea(this);
+    lines_ = new ReadingLines(desktop_, passage_, area);
+    lines_->setObjectName(QStringLiteral("LetturaRighe"));
+    area->setObjectName(QStringLiteral("LetturaVista"));
+    area->setAccessibleName(QStringLiteral("parole del brano"));
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidgetResizable(true);
+    area->setWidget(lines_);
+    area->setMinimumHeight(150);
+    column.addWidget(area, 1);
+    connect(lines_, &ReadingLines::opened, this, &Lettura::openMenu);
+    connect(lines_, &ReadingLines::nextWanted, this,
+            [this] { change([this] { passage_.chooseNext(lines_->current()); }); });
+    connect(lines_, &ReadingLines::currentChanged, this, [this, area] {
+        const QRect place = lines_->place(lines_->current());
+        area->ensureVisible(place.center().x(), place.center().y(), 0, place.height() / 2 + 8);
+    });
+    const auto setColours = [this] {
+        lines_->setPalette(paletteFor(colour(desktop_.session().colours().display)));
+        lines_->update();
+    };
+    connect(&desktop_, &Desktop::changed, lines_, setColours);
+    setColours();
+}
+
+void Lettura::buildBottom(QBoxLayout& column)
+{
+    auto* const texts = new QHBoxLayout;
+    const auto addResult = [&](const char* name, const QString& captionText) {
+        auto* const side = new QVBoxLayout;
+        QPlainTextEdit* const text = addText(*side, name, captionText);
+        text->setReadOnly(true);
+        texts->addLayout(side);
+        return text;
+    };
+    transliteration_ = addResult("LetturaTraslitterazione", QStringLiteral("Traslitterazione"));
+    translation_ = addResult("LetturaTraduzione", QStringLiteral("Traduzione parola per parola"));
+    column.addLayout(texts);
     auto* const openButton = button("LetturaApri", QStringLiteral("&Apri..."),
                                     QStringLiteral("apre una lettura salvata o un file di testo"));
     auto* const saveButton = button("LetturaSalva", QStringLiteral("&Salva..."),
@@ -161,15 +161,7 @@ void Lettura::buildBottom()
     auto* const shut = button("Command1", QStringLiteral("&Chiudi"), QStringLiteral("chiude la finestra"));
     connect(openButton, &QPushButton::clicked, this, &Lettura::open);
     connect(saveButton, &QPushButton::clicked, this, &Lettura::save);
-    connect(undo_, &QPushButton::clicked, this, [this] {
-        change([this] {
-            const std::string before = passage_.work().text;
-            passage_.undo();
-            if (passage_.work().text != before) {
-                text_->setPlainText(qtext(passage_.work().text));
-            }
-        });
-    });
+    connect(undo_, &QPushButton::clicked, this, &Lettura::undo);
     connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, undo_, &QPushButton::click);
     connect(shut, &QPushButton::clicked, this, &Lettura::close);
     auto* const row = new QHBoxLayout;
@@ -178,7 +170,7 @@ void Lettura::buildBottom()
     row->addWidget(undo_);
     row->addStretch(1);
     row->addWidget(shut);
-    static_cast<QVBoxLayout*>(layout())->addLayout(row);
+    column.addLayout(row);
 }
 
 /// Makes the reader at its first use, and again after the dictionary changed. False when the dictionary
@@ -258,69 +250,37 @@ void Lettura::change(const std::function<void()>& step)
     showPassage();
 }
 
+/// Takes back the last change, which may be the text.
+void Lettura::undo()
+{
+    const std::string before = passage_.work().text;
+    passage_.undo();
+    if (passage_.work().text != before) {
+        text_->setPlainText(qtext(passage_.work().text));
+    }
+    showPassage();
+}
+
 void Lettura::openMenu()
 {
     const std::size_t word = lines_->current();
     if (word >= passage_.words().size()) {
         return;
     }
-    auto* const menu = new QMenu(this);
-    menu->setObjectName(QStringLiteral("LetturaMenu"));
+    auto* const menu = new ReadingMenu(passage_, word, this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    addChoices(*menu, word);
-    QAction* const other = menu->addAction(QStringLiteral("Altra &lettura..."));
+    connect(menu, &ReadingMenu::chosen, this,
+            [this, word](const ReadingChoice& choice) { change([&] { passage_.choose(word, choice); }); });
+    // Queued: the box opens when the menu is gone.
     connect(
-        other, &QAction::triggered, this, [this, word] { typeReading(word); }, Qt::QueuedConnection);
-    menu->addSeparator();
-    QAction* const join = menu->addAction(QStringLiteral("&Unisci con la parola seguente"));
-    join->setObjectName(QStringLiteral("LetturaUnisci"));
-    join->setEnabled(word + 1 < passage_.words().size());
-    connect(join, &QAction::triggered, this,
-            [this, word] { change([this, word] { passage_.joinWithNext(word); }); });
-    addCuts(*menu, word);
-    QAction* const release = menu->addAction(QStringLiteral("Lascia scegliere a &Karvel"));
-    release->setEnabled(passage_.words()[word].fixed);
-    connect(release, &QAction::triggered, this,
-            [this, word] { change([this, word] { passage_.release(word); }); });
+        menu, &ReadingMenu::otherWanted, this, [this, word] { typeReading(word); }, Qt::QueuedConnection);
+    connect(menu, &ReadingMenu::joinWanted, this,
+            [this, word] { change([&] { passage_.joinWithNext(word); }); });
+    connect(menu, &ReadingMenu::cutWanted, this,
+            [this, word](std::size_t signs) { change([&] { passage_.divide(word, signs); }); });
+    connect(menu, &ReadingMenu::releaseWanted, this,
+            [this, word] { change([&] { passage_.release(word); }); });
     menu->popup(lines_->mapToGlobal(lines_->place(word).bottomLeft()));
-}
-
-/// The present choice, with a mark, and the alternatives.
-void Lettura::addChoices(QMenu& menu, std::size_t word)
-{
-    const ReadWord& read = passage_.words()[word];
-    QAction* const present = menu.addAction(
-        read.known ? line(read.choice)
-                   : QStringLiteral("Nessuna parola; valori dei segni: ") + qtext(printedReading(read)));
-    present->setCheckable(true);
-    present->setChecked(true);
-    present->setEnabled(read.known);
-    const auto offer = [&](QAction* action, const ReadingChoice& choice) {
-        connect(action, &QAction::triggered, this,
-                [this, word, choice] { change([&] { passage_.choose(word, choice); }); });
-    };
-    offer(present, read.choice);
-    for (const ReadingChoice& choice : read.alternatives) {
-        QAction* const action = menu.addAction(line(choice));
-        action->setCheckable(true);
-        offer(action, choice);
-    }
-}
-
-/// "Dividi qui": a submenu with each place between two signs.
-void Lettura::addCuts(QMenu& menu, std::size_t word)
-{
-    const std::string codes = passage_.codesOf(passage_.words()[word]);
-    QMenu* const cuts = menu.addMenu(QStringLiteral("&Dividi qui"));
-    cuts->setObjectName(QStringLiteral("LetturaDividi"));
-    const std::size_t signs = codes.size() / kCodeLength;
-    cuts->setEnabled(signs > 1);
-    for (std::size_t after = 1; after < signs; ++after) {
-        QAction* const cut = cuts->addAction(qtext(gardinerOf(codes.substr(0, after * kCodeLength)) +
-                                                   "  |  " + gardinerOf(codes.substr(after * kCodeLength))));
-        connect(cut, &QAction::triggered, this,
-                [this, word, after] { change([&] { passage_.divide(word, after); }); });
-    }
 }
 
 /// A reading that Karvel does not offer.
@@ -341,9 +301,11 @@ void Lettura::typeReading(std::size_t word)
 void Lettura::saveTo(const std::string& path)
 {
     const FileSystem& files = desktop_.session().files();
-    if (path.ends_with(".html") || path.ends_with(".htm")) {
-        files.replace(path, passage_.html());
-    } else if (path.ends_with(".txt")) {
+    if (endsWith(path, ".html") || endsWith(path, ".htm")) {
+        files.replace(path, passage_.html([this](const std::string& codes) {
+            return svgOf(PhrasePicture{codes, {}, kPageBlocks}, desktop_).toStdString();
+        }));
+    } else if (endsWith(path, ".txt")) {
         files.replace(path, passage_.plainText());
     } else {
         files.replace(path, writeHandWork(passage_.work()));
@@ -355,7 +317,7 @@ void Lettura::openFrom(const std::string& path)
 {
     const std::string bytes = desktop_.session().files().readAll(path, kLargestFile);
     HandWork work{passageText(bytes), {}};
-    if (path.ends_with(kEnding)) {
+    if (endsWith(path, kEnding)) {
         auto known = readHandWork(bytes);
         if (!known) {
             desktop_.session().ui().ask({.title = "Lettura",
@@ -375,47 +337,40 @@ void Lettura::openFrom(const std::string& path)
 
 void Lettura::save()
 {
-    QFileDialog dialog(this, QStringLiteral("Salva la lettura"), documents());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilters({QStringLiteral("Lettura con le scelte (*.karvel-lettura)"),
-                           QStringLiteral("Pagina HTML (*.html)"), QStringLiteral("Testo (*.txt)")});
-    dialog.setDefaultSuffix(QStringLiteral("karvel-lettura"));
-    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
-        const qsizetype from = filter.lastIndexOf(QLatin1Char('.')) + 1;
-        dialog.setDefaultSuffix(filter.mid(from, filter.size() - from - 1));
-    });
-    if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
-        const std::string path = utf8(dialog.selectedFiles().constFirst());
-        desktop_.handle([&] { saveTo(desktop_.session().files().drives().toSystem(hostPath(path))); });
+    const std::string path = askWhereToSaveReading(*this, desktop_);
+    if (!path.empty()) {
+        desktop_.handle([&] { saveTo(path); });
     }
 }
 
 void Lettura::open()
 {
-    QFileDialog dialog(this, QStringLiteral("Apri una lettura o un testo"), documents());
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilters(
-        {QStringLiteral("Letture e testi (*.karvel-lettura *.txt)"), QStringLiteral("Tutti i file (*)")});
-    if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
-        const std::string path = utf8(dialog.selectedFiles().constFirst());
-        desktop_.handle([&] { openFrom(desktop_.session().files().drives().toSystem(hostPath(path))); });
+    const std::string path = askWhichReadingToOpen(*this, desktop_);
+    if (!path.empty()) {
+        desktop_.handle([&] { openFrom(path); });
     }
 }
 
-/// Escape and the close box: corrections are not lost without a question.
+bool Lettura::mayClose()
+{
+    const bool unsaved = !passage_.work().fixed.empty() && passage_.work() != saved_;
+    if (unsaved && desktop_.session().ui().ask(
+                       {.title = "Lettura",
+                        .text = "Le scelte fatte a mano non sono salvate.\n\nChiudere lo stesso ?",
+                        .icon = Icon::Question,
+                        .buttons = Buttons::YesNo,
+                        .defaultButton = Button::No}) != Button::Yes) {
+        return false;
+    }
+    saved_ = passage_.work();  // one question is enough
+    return true;
+}
+
+/// Escape and the close box.
 void Lettura::reject()
 {
-    const QPointer<Lettura> window = this;
-    const bool lost = !passage_.work().fixed.empty() && passage_.work() != saved_;
-    if (lost && desktop_.session().ui().ask(
-                    {.title = "Lettura",
-                     .text = "Le scelte fatte a mano non sono salvate.\n\nChiudere lo stesso ?",
-                     .icon = Icon::Question,
-                     .buttons = Buttons::YesNo,
-                     .defaultButton = Button::No}) != Button::Yes) {
-        return;
-    }
-    if (window) {
+    const QPointer<Lettura> window = this;  // it may be closed while a box is open
+    if (mayClose() && window) {
         QDialog::reject();
     }
 }

@@ -8,8 +8,8 @@
 #include "files/FileSystem.hpp"
 #include "reading/Passage.hpp"
 
+class QBoxLayout;
 class QLabel;
-class QMenu;
 class QPlainTextEdit;
 class QPushButton;
 class QScrollArea;
@@ -34,24 +34,27 @@ class Lettura : public QDialog {
     /// RuntimeError.
     void openFrom(const std::string& path);
 
+    /// False when corrections are not saved and the user, who is asked, wants to keep them.
+    [[nodiscard]] bool mayClose();
+
   public slots:
     void reject() override;
 
   private:
-    QLabel* addCaption(const QString& text);
-    QPlainTextEdit* addText(const char* name, const QString& caption);
+    QLabel* caption(const QString& text);
+    QPlainTextEdit* addText(QBoxLayout& column, const char* name, const QString& caption);
     QPushButton* button(const char* name, const QString& caption, const QString& spoken);
-    void buildTop();
-    void buildBottom();
+    void buildTop(QBoxLayout& column);
+    void buildLines(QBoxLayout& column);
+    void buildBottom(QBoxLayout& column);
     [[nodiscard]] bool prepareReader();
     void read(const std::function<void()>& step);
     void readText();
     void showPassage();
     void showUnknown();
     void change(const std::function<void()>& step);
+    void undo();
     void openMenu();
-    void addChoices(QMenu& menu, std::size_t word);
-    void addCuts(QMenu& menu, std::size_t word);
     void typeReading(std::size_t word);
     void save();
     void open();

@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "base/SignCode.hpp"
 #include "text/PhraseText.hpp"
+#include "windows/signs/LayoutPainter.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/Theme.hpp"
@@ -18,19 +18,29 @@ namespace karvel {
 namespace {
 
 // Logical pixels.
-constexpr int kSign = 44;
+constexpr int kBlocks = 44;  ///< height of the blocks of signs
 constexpr int kMargin = 10;
 constexpr int kPadding = 4;
 constexpr int kGap = 6;
+constexpr int kBelowSigns = 2;
 constexpr int kTranslationWidth = 130;
 
 constexpr int kTranslationLines = 3;
-constexpr qreal kPale = 0.4;  ///< how much of the surface is in the colour of a doubtful word
+constexpr qreal kCurrent = 0.15;  ///< how much of the ink is in the ground of the current word
+constexpr qreal kPale = 0.4;      ///< how much of the surface is in the colour of a doubtful word
 constexpr int kWrapped = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
 
-int signsInRow(int width)
+/// Signs stand in blocks; words wider than `width` go on in a row below.
+PhraseLook lookOf(int width)
 {
-    return std::max(1, (width - 2 * kMargin - 2 * kPadding) / kSign);
+    PhraseLook look;
+    look.placement.length = width * kBlockHeight / kBlocks;
+    return look;
+}
+
+int widestIn(int width)
+{
+    return std::max(kBlocks, width - 2 * kMargin - 2 * kPadding);
 }
 
 }  // namespace
@@ -50,7 +60,7 @@ void ReadingLines::showPassage()
     const auto& words = passage_.words();
     const auto at = std::ranges::find_if(
         words, [this](const ReadWord& word) { return currentSign_ < word.begin + word.length; });
-    places_ = arranged(width());
+    arrangement_.width = -1;
     setCurrent(at == words.end() ? 0 : static_cast<std::size_t>(at - words.begin()));
     updateGeometry();
     update();
@@ -68,7 +78,7 @@ void ReadingLines::setCurrent(std::size_t word)
 
 QRect ReadingLines::place(std::size_t word) const
 {
-    return word < places_.size() ? places_[word] : QRect();
+    return word < places().size() ? places()[word] : QRect();
 }
 
 /// What a screen reader says: signs, reading and meaning.
@@ -87,57 +97,56 @@ QString ReadingLines::spoken(std::size_t word) const
 
 QSize ReadingLines::sizeOf(const ReadWord& word, int width) const
 {
-    const int signs = static_cast<int>(word.length);
-    const int inRow = std::min(signs, signsInRow(width));
     const QFontMetrics metrics = fontMetrics();
     const QString meaning = qtext(word.choice.translation);
-    const int widest = width - 2 * kMargin - 2 * kPadding;
-    int wide = std::max({inRow * kSign, metrics.horizontalAdvance(qtext(printedReading(word))) + kPadding,
+    const int widest = widestIn(width);
+    const QSize signs = phraseSize(passage_.codesOf(word), kBlocks, lookOf(widest), desktop_).toSize();
+    int wide = std::max({signs.width(), metrics.horizontalAdvance(qtext(printedReading(word))) + kPadding,
                          std::min(kTranslationWidth, metrics.horizontalAdvance(meaning) + kPadding)});
-    wide = std::min(wide, std::max(kSign, widest));
+    wide = std::min(wide, widest);
     const QRect text = metrics.boundingRect(QRect(0, 0, wide, QWIDGETSIZE_MAX), kWrapped, meaning);
-    const int tall = (signs + inRow - 1) / inRow * kSign + metrics.height() + kPadding +
+    const int tall = signs.height() + kBelowSigns + metrics.height() + kPadding +
                      std::min(text.height(), kTranslationLines * metrics.lineSpacing());
     return {wide + 2 * kPadding, tall + 2 * kPadding};
 }
 
-std::vector<QRect> ReadingLines::arranged(int width) const
+const ReadingLines::Arrangement& ReadingLines::arranged(int width) const
 {
-    std::vector<QRect> places;
+    if (arrangement_.width == width) {
+        return arrangement_;
+    }
+    arrangement_ = {width, 0, {}};
     QPoint corner(kMargin, kMargin);
-    int tallest = 0;
-    const auto breakLine = [&] {
-        corner = {kMargin, corner.y() + tallest + kGap};
-        tallest = 0;
-    };
+    int bottom = kMargin;
+    const auto breakLine = [&] { corner = {kMargin, bottom + kGap}; };
     for (const ReadWord& word : passage_.words()) {
         const QSize size = sizeOf(word, width);
         if (corner.x() > kMargin && corner.x() + size.width() > width - kMargin) {
             breakLine();
         }
-        places.emplace_back(corner, size);
-        tallest = std::max(tallest, size.height());
+        arrangement_.places.emplace_back(corner, size);
+        bottom = std::max(bottom, corner.y() + size.height());
         corner.rx() += size.width() + kGap;
         if (passage_.endsLine(word)) {
             breakLine();
         }
     }
-    return places;
+    arrangement_.height = bottom + kMargin;
+    return arrangement_;
 }
 
 int ReadingLines::heightForWidth(int width) const
 {
-    int bottom = 0;
-    for (const QRect& place : arranged(width)) {
-        bottom = std::max(bottom, place.bottom() + 1);
-    }
-    return bottom + kMargin;
+    return arranged(width).height;
 }
 
-void ReadingLines::resizeEvent(QResizeEvent* event)
+void ReadingLines::changeEvent(QEvent* event)
 {
-    QWidget::resizeEvent(event);
-    places_ = arranged(width());
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        arrangement_.width = -1;
+        updateGeometry();
+    }
 }
 
 void ReadingLines::paintEvent(QPaintEvent* event)
@@ -146,75 +155,76 @@ void ReadingLines::paintEvent(QPaintEvent* event)
     const QColor surface = palette().color(QPalette::Window);
     painter.fillRect(event->rect(), surface);
     painter.setPen(inkOn(surface));
-    if (places_.empty()) {
+    if (places().empty()) {
         painter.drawText(rect().adjusted(kMargin, kMargin, -kMargin, -kMargin), kWrapped,
                          QStringLiteral("Scrivere o incollare un testo e premere Leggi."));
     }
-    for (std::size_t word = 0; word < places_.size(); ++word) {
-        if (places_[word].intersects(event->rect())) {
+    for (std::size_t word = 0; word < places().size(); ++word) {
+        if (places()[word].intersects(event->rect())) {
             paintWord(painter, word);
         }
-    }
-}
-
-void ReadingLines::paintSigns(QPainter& painter, const std::string& codes, const QRect& place)
-{
-    const int inRow = std::max(1, place.width() / kSign);
-    const auto signs = splitCodes(codes);
-    const int count = static_cast<int>(signs.size());
-    const int left = place.left() + (place.width() - std::min(count, inRow) * kSign) / 2;
-    for (int i = 0; i < count; ++i) {
-        const QPointF centre(left + (i % inRow + 0.5) * kSign, place.top() + (i / inRow + 0.5) * kSign);
-        desktop_.pictures().draw(
-            painter, desktop_.session().images().path(signs[static_cast<std::size_t>(i)]), centre, kSign);
     }
 }
 
 void ReadingLines::paintWord(QPainter& painter, std::size_t word)
 {
     const ReadWord& read = passage_.words()[word];
-    const QRect inner = places_[word].adjusted(kPadding, kPadding, -kPadding, -kPadding);
+    const QRect place = places()[word];
+    const QRect inner = place.adjusted(kPadding, kPadding, -kPadding, -kPadding);
+    const QColor surface = palette().color(QPalette::Window);
+    const std::string codes = passage_.codesOf(read);
+    PhraseLook look = lookOf(widestIn(width()));
+    const QSize signs = phraseSize(codes, kBlocks, look, desktop_).toSize();
+    look.ink = inkOn(surface);
+    const int left = inner.left() + (inner.width() - signs.width()) / 2;
+    painter.save();
+    if (word == current_) {
+        painter.fillRect(place, between(surface, inkOn(surface), kCurrent));
+    }
+    paintPhrase(painter, QRectF(QPoint(left, inner.top()), signs), codes, kBlocks, look, desktop_);
+    paintReading(painter, read, inner.adjusted(0, signs.height() + kBelowSigns, 0, 0));
+    if (word == current_) {
+        painter.setPen(hasFocus() ? focusPen(surface) : QPen(outlineOn(surface, 0.5)));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(place.adjusted(1, 1, -2, -2));
+    }
+    painter.restore();
+}
+
+/// The transliteration, below it the translation.
+void ReadingLines::paintReading(QPainter& painter, const ReadWord& read, const QRect& place)
+{
     const QColor surface = palette().color(QPalette::Window);
     const bool doubtful = isDoubtful(read);
     const QColor ink =
         doubtful && !strongContrast() ? between(inkOn(surface), surface, kPale) : inkOn(surface);
-    const int inRow = std::max(1, inner.width() / kSign);
-    const int rows = (static_cast<int>(read.length) + inRow - 1) / inRow;
-    paintSigns(painter, passage_.codesOf(read), inner);
-    const QRect reading(inner.left(), inner.top() + rows * kSign, inner.width(), fontMetrics().height());
-    painter.save();
-    painter.setPen(ink);
+    const QRect reading(place.left(), place.top(), place.width(), fontMetrics().height());
     QFont italic = font();
     italic.setItalic(true);
     painter.setFont(italic);
-    const QString printed =
-        QFontMetrics(italic).elidedText(qtext(printedReading(read)), Qt::ElideRight, reading.width());
+    painter.setPen(ink);
+    const QFontMetrics metrics(italic);
+    const QString printed = metrics.elidedText(qtext(printedReading(read)), Qt::ElideRight, reading.width());
     painter.drawText(reading, Qt::AlignCenter, printed);
     if (doubtful) {
-        const int half = std::min(reading.width(), QFontMetrics(italic).horizontalAdvance(printed)) / 2;
+        const int half = std::min(reading.width(), metrics.horizontalAdvance(printed)) / 2;
         painter.setPen(QPen(ink, 1.5, Qt::DotLine));
         painter.drawLine(reading.center().x() - half, reading.bottom() + 1, reading.center().x() + half,
                          reading.bottom() + 1);
     }
     painter.setFont(font());
     painter.setPen(ink);
-    const QRect meaning(inner.left(), reading.bottom() + 1 + kPadding, inner.width(),
-                        inner.bottom() - reading.bottom() - kPadding);
+    const QRect meaning(place.left(), reading.bottom() + 1 + kPadding, place.width(),
+                        place.bottom() - reading.bottom() - kPadding);
     painter.setClipRect(meaning.adjusted(-kPadding, 0, kPadding, kPadding));
     painter.drawText(meaning, kWrapped, qtext(read.choice.translation));
     painter.setClipping(false);
-    if (word == current_) {
-        painter.setPen(hasFocus() ? focusPen(surface) : QPen(outlineOn(surface, 0.5)));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(places_[word].adjusted(1, 1, -2, -2));
-    }
-    painter.restore();
 }
 
 std::size_t ReadingLines::wordAt(QPoint point) const
 {
-    const auto at = std::ranges::find_if(places_, [&](const QRect& place) { return place.contains(point); });
-    return static_cast<std::size_t>(at - places_.begin());
+    const auto at = std::ranges::find_if(places(), [&](const QRect& place) { return place.contains(point); });
+    return static_cast<std::size_t>(at - places().begin());
 }
 
 /// The word nearest to the middle of the current one, in the line above or below; without such a line the
@@ -223,15 +233,16 @@ std::size_t ReadingLines::wordInLine(bool below) const
 {
     std::size_t best = current_;
     const QRect from = place(current_);
-    for (std::size_t i = 0; i < places_.size(); ++i) {
-        const QRect& to = places_[i];
+    const std::vector<QRect>& all = places();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const QRect& to = all[i];
         if (below ? to.top() <= from.top() : to.top() >= from.top()) {
             continue;
         }
         const bool nearerLine =
-            best == current_ || (below ? to.top() < places_[best].top() : to.top() > places_[best].top());
+            best == current_ || (below ? to.top() < all[best].top() : to.top() > all[best].top());
         const auto away = [&](const QRect& any) { return std::abs(any.center().x() - from.center().x()); };
-        if (nearerLine || (to.top() == places_[best].top() && away(to) < away(places_[best]))) {
+        if (nearerLine || (to.top() == all[best].top() && away(to) < away(all[best]))) {
             best = i;
         }
     }
@@ -241,7 +252,7 @@ std::size_t ReadingLines::wordInLine(bool below) const
 void ReadingLines::mousePressEvent(QMouseEvent* event)
 {
     const std::size_t word = wordAt(event->pos());
-    if (word < places_.size()) {
+    if (word < places().size()) {
         setCurrent(word);
         emit opened();
     }
@@ -249,7 +260,7 @@ void ReadingLines::mousePressEvent(QMouseEvent* event)
 
 void ReadingLines::keyPressEvent(QKeyEvent* event)
 {
-    const std::size_t last = places_.empty() ? 0 : places_.size() - 1;
+    const std::size_t last = places().empty() ? 0 : places().size() - 1;
     switch (event->key()) {
         case Qt::Key_Left:
             setCurrent(current_ > 0 ? current_ - 1 : 0);
@@ -289,8 +300,8 @@ bool ReadingLines::event(QEvent* event)
     }
     const auto* const help = static_cast<QHelpEvent*>(event);
     const std::size_t word = wordAt(help->pos());
-    if (word < places_.size()) {
-        QToolTip::showText(help->globalPos(), spoken(word), this, places_[word]);
+    if (word < places().size()) {
+        QToolTip::showText(help->globalPos(), spoken(word), this, places()[word]);
     } else {
         QToolTip::hideText();
     }

@@ -39,23 +39,30 @@ class ReadingLines : public QWidget {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
 
   private:
+    /// The words' places in a widget so wide.
+    struct Arrangement {
+        int width = -1;
+        int height = 0;
+        std::vector<QRect> places;
+    };
     [[nodiscard]] QSize sizeOf(const ReadWord& word, int width) const;
-    [[nodiscard]] std::vector<QRect> arranged(int width) const;
+    [[nodiscard]] const Arrangement& arranged(int width) const;
+    [[nodiscard]] const std::vector<QRect>& places() const { return arranged(width()).places; }
     [[nodiscard]] std::size_t wordAt(QPoint point) const;
     [[nodiscard]] std::size_t wordInLine(bool below) const;
     [[nodiscard]] QString spoken(std::size_t word) const;
     void paintWord(QPainter& painter, std::size_t word);
-    void paintSigns(QPainter& painter, const std::string& codes, const QRect& place);
+    void paintReading(QPainter& painter, const ReadWord& read, const QRect& place);
 
     Desktop& desktop_;
     const Passage& passage_;
-    std::vector<QRect> places_;  ///< of the words
+    mutable Arrangement arrangement_;  ///< the last one; its width is -1 when the words changed
     std::size_t current_ = 0;
     std::size_t currentSign_ = 0;  ///< the first of the current word
 };

@@ -6,7 +6,7 @@
 
 #include <fcntl.h>
 
-#include "dictionary/DictionaryEntry.hpp"
+#include "reading/Reader.hpp"
 #include "support/Child.hpp"
 #include "support/TemporaryDrive.hpp"
 
@@ -106,6 +106,19 @@ TEST_F(CliTest, AnswersOnTheRightStreamWithTheRightStatus)
     const Outcome full = run({"cerca", "d51"}, "/dev/full");
     EXPECT_EQ(full.status, 2);
     EXPECT_NE(full.err, "");
+}
+
+TEST_F(CliTest, ReadsAPassageALine)
+{
+    drive.write(kModelPath, "karvel-lettura 2\nparole 0\ngrafie 0\ncoppie 0\nterne 0\nmodifiche 0\n");
+    expect({"leggi", "--gardiner", "F35-A1-F35"}, 0, secondLine + thirdLine, "");
+    drive.write("C:\\brani.txt",
+                "\xEF\xBB\xBF"
+                "F35 zz a01d51\r\n \r\nqq\n\U00013124\n");
+    // Block n answers line n, also where nothing is known.
+    expect(
+        {"leggi", "--file", "C:\\brani.txt"}, 1, secondLine + thirdLine + "\n\n" + secondLine,
+        "riga 1, carattere 5: segno sconosciuto: \"zz\"\nriga 3, carattere 1: segno sconosciuto: \"qq\"\n");
 }
 
 TEST_F(CliTest, TakesTheDictionaryFromAnyPath)

@@ -17,6 +17,7 @@ TEST(PassageSigns, AreReadInEveryFormWithTheirLines)
     EXPECT_EQ(signs.lines, (std::vector<std::size_t>{5, 5, 6}));
     const std::vector<UnknownText> unknown = {{"zz", 3, 2}, {"\U0001342F", 4, 2}, {"x9", 4, 4}};
     EXPECT_EQ(signs.unknown, unknown);
+    EXPECT_EQ(readSigns("a12-b12h11", SignForm::Gardiner).codes, readSigns("A12 b12h11").codes);
     EXPECT_EQ(passageText("\xEF\xBB\xBFG1 \xC3\xA0"), "G1 à");
     EXPECT_EQ(passageText("G1 \xE0"), "G1 à");
 }
@@ -26,17 +27,23 @@ TEST(Passage, IsCorrectedUndoneSavedAndOpened)
     testing::TemporaryDrive drive;
     drive.write(kDictionaryPath, record("f22c18", "dire, parlare", "Dd") + record("h11", "a", "n") +
                                      record("h11", "di; <da>", "n.i") + record("h18o35", "casa", "pr") +
-                                     record("h18o35", "tempio", "pr") + record("h18", "pianta", "pr"));
+                                     record("h18o35", "tempio", "pr") + record("h18", "pianta", "pr") +
+                                     record("f21", "suo", "=f"));
     const Reader reader(drive.files());
     Passage passage;
     passage.use(reader);
+    passage.setText("h18o35f21h11");
+    EXPECT_EQ(passage.transliteration(), "pr=f n");
+    passage.undo();
     passage.setText("f22c18h11\nh18o35");
     EXPECT_EQ(passage.transliteration(), "ḏd n\npr");
     EXPECT_EQ(passage.translation(), "dire | a\ncasa");
     passage.chooseNext(2);
     passage.chooseNext(1);
     EXPECT_EQ(passage.translation(), "dire | di\ntempio");
-    EXPECT_NE(passage.html().find("di; &lt;da&gt;"), std::string::npos);
+    const auto codes = [](const std::string& word) { return "<" + word + ">"; };
+    EXPECT_NE(passage.html(codes).find("<h11></div>"), std::string::npos);
+    EXPECT_NE(passage.html(codes).find("di; &lt;da&gt;"), std::string::npos);
     EXPECT_NE(passage.plainText().find("\U00013216\tn.i\tdi; <da>\n\n"), std::string::npos)
         << passage.plainText();
     passage.chooseNext(2);  // after the last comes the first
@@ -49,7 +56,7 @@ TEST(Passage, IsCorrectedUndoneSavedAndOpened)
     again.use(reader);
     again.open(readHandWork(file).value());
     EXPECT_EQ(again.work(), passage.work());
-    EXPECT_EQ(again.html(), passage.html());
+    EXPECT_EQ(again.html(codes), passage.html(codes));
     for (std::size_t length = 0; length < file.size(); ++length) {
         EXPECT_FALSE(readHandWork(file.substr(0, length))) << length;
     }

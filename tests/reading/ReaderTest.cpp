@@ -10,12 +10,12 @@ namespace {
 using testing::record;
 
 constexpr const char* kModel =
-    "karvel-lettura 1\n"
+    "karvel-lettura 2\n"
     "parole 5\nDd\t1\t60\nn\t2\t90\npr\t3\t40\nn.i\t2\t30\nHtp\t0\t9\n"
     "grafie 6\nf22c18\t1\t50\nf22c18h11\t1\t10\nh11\t2\t90\nh18o35\t3\t40\nh11\t4\t30\na01b02c03d04\t5\t9\n"
     "coppie 5\n0\t1\t50\n1\t2\t50\n2\t3\t20\n3\t4\t30\n4\t3\t20\n"
     "terne 1\n0\t1\t2\t40\n"
-    "modifiche 2\nfine\to36\t20\naltro\te01\t5\n";
+    "modifiche 2\nfine\to36\t\t20\naltro\te01\td04\t5\n";
 
 class Reading : public ::testing::Test {
   protected:
@@ -60,6 +60,8 @@ TEST_F(Reading, CutsAndNamesTheWords)
         {"h18o35h11h18o35", "0+2 casa(pr) 2+1 di(n.i) 3+2 casa(pr)"},       // what stands before decides
         {"f22c18h11h18o35o36", "0+2 dire(Dd) 2+1 a, per(n) 3+3 casa(pr)"},  // an ending is tolerated
         {"a01b02c03e01", "0+4 (Htp)"},                                      // so is another sign; no entry
+        {"a01c03b02d04", "0+4 (Htp)"},                                      // a sign in another place
+        {"h18o35o36o36", "0+4 casa(pr)"},                                   // two more
         {"b50b51b50b51", "0+4 !(spt/spty/spt/spty)"},                       // neighbours that are no word
         {"f22c18b02b03", "0+2 dire(Dd) 2+2 acqua()"},  // the user's, without transliteration
     };
@@ -104,14 +106,14 @@ TEST_F(Reading, OffersOtherWordsAndOtherMeanings)
 TEST_F(Reading, WorksFromTheDictionaryWithoutAUsableModel)
 {
     const std::string model = kModel;
-    std::vector<std::string> damaged = {"", "karvel-lettura 2\n" + model.substr(17), model + "x"};
+    std::vector<std::string> damaged = {"", "karvel-lettura 1\n" + model.substr(17), model + "x"};
     for (std::size_t length = 1; length < model.size(); length += 7) {
         damaged.push_back(model.substr(0, length));
     }
     const std::pair<const char*, const char*> faults[] = {
         {"parole 5", "parole 4000000000"}, {"f22c18\t1", "f22c18\t6"}, {"f22c18\t1", "f22\xFF\t1"},
         {"0\t1\t50", "6\t1\t50"},          {"fine", "fuori"},          {"60\n", "-60\n"},
-        {"fine\to36", "fine\t"},           {"Dd\t1", "Dd\t64"}};
+        {"fine\to36", "fine\t"},           {"e01\td04", "e01\td4"},    {"Dd\t1", "Dd\t64"}};
     for (const auto& [from, to] : faults) {
         std::string bad = model;
         bad.replace(bad.find(from), std::string_view(from).size(), to);

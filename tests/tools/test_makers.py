@@ -132,7 +132,7 @@ class MakePictures(MakerTest):
 
 class KeptFiles(MakerTest):
     def test_are_what_their_sources_make(self):
-        for maker in ("make-dictionary", "make-pages"):
+        for maker in ("make-dictionary", "make-model", "make-pages"):
             result = self.run_maker(maker, "--check")
             self.assertEqual((result.returncode, result.stderr), (0, ""), maker)
 

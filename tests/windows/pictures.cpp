@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <fstream>
 #include <iterator>
@@ -17,6 +18,7 @@
 #include "windows/GuideWindow.hpp"
 #include "windows/InsertionWindow.hpp"
 #include "windows/ItalianWindow.hpp"
+#include "windows/LetturaWindow.hpp"
 #include "windows/MagnifierWindow.hpp"
 #include "windows/NumeralsWindow.hpp"
 #include "windows/PrintingWindow.hpp"
@@ -98,6 +100,20 @@ void compose(Stage& stage, std::initializer_list<const char*> codes)
     }
 }
 
+/// The offering formula, read word by word.
+void takeReading(Stage& stage, const QString& directory)
+{
+    std::ifstream model(std::string(KARVEL_SOURCE_DIR) + "/data/tree/lettura.txt", std::ios::binary);
+    stage.drive().write(kModelPath, std::string(std::istreambuf_iterator<char>(model), {}));
+    auto& window = stage.windows().open<Lettura>();
+    control<QPlainTextEdit>(&window, "LetturaTesto")
+        ->setPlainText(QStringLiteral("M23-X1:R4-X8-Q1:D4-A40-V30:X1-R11-R11-O49-R8-O29-V30-U23-D58-G43-O49\n"
+                                      "D37-I9-O3-X2-Z2-W22-Z2-F1-H1-V6-S27-N35:D28-Z1-N35-F39-Aa1-M17-M17"));
+    click(&window, "LetturaLeggi");
+    take(window, directory);
+    window.close();
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -150,6 +166,7 @@ int main(int argc, char** argv)
     open<Sysform>(stage, directory);
     open<frmAbout>(stage, directory);
     open<Guide>(stage, directory);
+    takeReading(stage, directory);
     stage.windows().open<Voci>().list(Mode::Contains, "d51");
     take(*stage.windows().opened<Voci>(), directory);
     auto* const splash = new frmSplash(stage.desktop(), stage.form1());

@@ -61,11 +61,11 @@ Form1::~Form1() = default;
 
 void Form1::closeEvent(QCloseEvent* event)
 {
-    if (!leaving_ && !confirmClose(desktop_.session().ui())) {
+    leaving_ = (leaving_ || confirmClose(desktop_.session().ui())) && windows_.mayLeave();
+    if (!leaving_) {
         event->ignore();
         return;
     }
-    leaving_ = true;
     event->accept();
     QApplication::quit();
 }

@@ -1,10 +1,17 @@
 #include "windows/support/WindowSet.hpp"
 
 #include "windows/ItalianWindow.hpp"
+#include "windows/LetturaWindow.hpp"
 #include "windows/MagnifierWindow.hpp"
 #include "windows/PictureWindow.hpp"
 
 namespace karvel {
+
+bool WindowSet::mayLeave() const
+{
+    auto* const reading = opened<Lettura>();
+    return reading == nullptr || reading->mayClose();
+}
 
 void WindowSet::openItalian()
 {

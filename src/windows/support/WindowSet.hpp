@@ -38,6 +38,9 @@ class WindowSet : public WindowOpener {
         return *window;
     }
 
+    /// False when an open window has something unsaved that the user, who is asked, wants to keep.
+    [[nodiscard]] bool mayLeave() const;
+
     void openItalian() override;
     void openPicture(const std::string& path, const std::string& name) override;
     void closePicture() override;

@@ -1,0 +1,87 @@
+#include "windows/ReadingFiles.hpp"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <algorithm>
+
+#include "windows/support/Desktop.hpp"
+#include "windows/support/Text.hpp"
+
+namespace karvel {
+
+namespace {
+
+const QString kTitle = QStringLiteral("Salva la lettura");
+
+void prepare(QFileDialog& dialog, const QString& title, const QStringList& filters, const QString& accept)
+{
+    dialog.setWindowTitle(title);
+    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog.setNameFilters(filters);
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Cerca in:"));
+    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nome file:"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Tipo file:"));
+    dialog.setLabelText(QFileDialog::Accept, accept);
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Annulla"));
+}
+
+/// The name that the user chose; empty for none.
+QString chosen(QFileDialog& dialog)
+{
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+std::string inSystemForm(const QString& path, Desktop& desktop)
+{
+    return path.isEmpty() ? std::string() : desktop.session().files().drives().toSystem(hostPath(utf8(path)));
+}
+
+}  // namespace
+
+std::string askWhereToSaveReading(QWidget& parent, Desktop& desktop)
+{
+    const QStringList filters = {QStringLiteral("Lettura con le scelte (*.karvel-lettura)"),
+                                 QStringLiteral("Pagina HTML (*.html)"), QStringLiteral("Testo (*.txt)")};
+    const QStringList endings = {QStringLiteral(".karvel-lettura"), QStringLiteral(".html"),
+                                 QStringLiteral(".txt"), QStringLiteral(".htm")};
+    QFileDialog dialog(&parent);
+    prepare(dialog, kTitle, filters, QStringLiteral("&Salva"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    // The dialog would ask about the name without its ending.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    for (;;) {
+        QString path = chosen(dialog);
+        if (path.isEmpty()) {
+            return {};
+        }
+        const bool hasEnding = std::ranges::any_of(
+            endings, [&](const QString& ending) { return path.endsWith(ending, Qt::CaseInsensitive); });
+        if (!hasEnding) {
+            path += endings.value(std::max<qsizetype>(0, filters.indexOf(dialog.selectedNameFilter())));
+        }
+        const bool replace =
+            !QFileInfo::exists(path) ||
+            desktop.session().ui().ask({.title = utf8(kTitle),
+                                        .text = utf8(path) + "\nesiste già.\n\nSostituirlo ?",
+                                        .icon = Icon::Question,
+                                        .buttons = Buttons::YesNo,
+                                        .defaultButton = Button::No}) == Button::Yes;
+        if (replace) {
+            return inSystemForm(path, desktop);
+        }
+    }
+}
+
+std::string askWhichReadingToOpen(QWidget& parent, Desktop& desktop)
+{
+    QFileDialog dialog(&parent);
+    prepare(dialog, QStringLiteral("Apri una lettura o un testo"),
+            {QStringLiteral("Letture e testi (*.karvel-lettura *.txt)"), QStringLiteral("Tutti i file (*)")},
+            QStringLiteral("&Apri"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return inSystemForm(chosen(dialog), desktop);
+}
+
+}  // namespace karvel

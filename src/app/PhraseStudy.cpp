@@ -1,6 +1,8 @@
 #include "app/PhraseStudy.hpp"
 
+#include <cstdint>
 #include <string>
+#include <utility>
 
 #include "app/EntryList.hpp"
 #include "text/Transliteration.hpp"
@@ -25,23 +27,39 @@ void join(std::string& all, std::string_view separator, const std::string& part)
     }
 }
 
+/// Reads to the end, or until the user stops it.
+void readAll(EntryList& list, UserInterface& ui)
+{
+    const BusyPointer hourglass(ui);
+    int shown = -1;
+    list.read([&] {
+        const int percent = list.percent();
+        return std::exchange(shown, percent) != percent &&
+               !ui.continueReading(static_cast<std::uint64_t>(percent), 100);
+    });
+}
+
 }  // namespace
 
 PhraseStudy studyOf(const FileSystem& files, UserInterface& ui, std::string_view phrase)
 {
-    const EntryList whole = listEntries(files, ui, Mode::Equal, phrase);
-    const EntryList split = listEntries(files, ui, Mode::Split, phrase);
+    EntryList whole(files, Mode::Equal, phrase);
+    EntryList split(files, Mode::Split, phrase);
+    readAll(whole, ui);
+    readAll(split, ui);
     PhraseStudy study{.sheet = {.lines = {std::string(phrase)}},
-                      .failure = whole.failure ? whole.failure : split.failure};
+                      .failure = whole.failure() ? whole.failure() : split.failure()};
     StudySheet& sheet = study.sheet;
-    for (std::size_t line = 0; line < whole.answers.words(); ++line) {
-        sheet.texts.push_back(textOf(*whole.answers.best(whole.answers.word(line)).entry));
+    const Answers entries = whole.answers();
+    for (std::size_t line = 0; line < entries.words(); ++line) {
+        sheet.texts.push_back(textOf(*entries.best(entries.word(line)).entry));
     }
-    for (const Answer& word : split.answers.all()) {
+    const Answers words = split.answers();
+    for (const Answer& word : words.all()) {
         sheet.words.push_back({.signs = word.entry->signs, .text = textOf(*word.entry)});
     }
-    if (!split.rest.empty()) {
-        sheet.words.push_back({.signs = split.rest, .text = {.note = "Qui non comincia nessuna parola."}});
+    if (const std::string rest = split.rest(); !rest.empty()) {
+        sheet.words.push_back({.signs = rest, .text = {.note = "Qui non comincia nessuna parola."}});
     }
     if (sheet.words.size() == 1) {
         // The phrase itself is shown above.

@@ -11,6 +11,8 @@ constexpr float kNear = 0.8F;      ///< of the new spellings so many are near a 
 constexpr float kAnySign = 0.3F;   ///< of the edits so many are spread over all signs
 constexpr float kByChance = 0.4F;  ///< added to the counts of signs seen together, and to those expected
 
+constexpr float kSmall = 0.25F;  ///< below it log(1 + x) is taken for x, which is much faster
+
 std::size_t placeOf(Edit edit, char16_t sign)
 {
     return static_cast<std::size_t>(edit) * kSignNumbers + sign;
@@ -30,7 +32,6 @@ EditScores::EditScores(const ReadingModel& model)
     float all = 1;
     for (const auto& [edit, sign, beside, count] : model.edits) {
         counts_[placeOf(edit, sign)] += count;
-        together_[keyOf(edit, sign, beside)] += count;
         totals[static_cast<std::size_t>(edit)] += count;
         all += count;
     }
@@ -49,14 +50,22 @@ EditScores::EditScores(const ReadingModel& model)
     for (float& frequency : frequency_) {
         frequency /= signs;
     }
+    for (const auto& [edit, sign, beside, count] : model.edits) {
+        const std::size_t place = placeOf(edit, sign);
+        const float expected = counts_[place] * frequency_[beside];
+        together_[keyOf(edit, sign, beside)] =
+            alone_[place] + std::log((count + kByChance) / (expected + kByChance));
+    }
 }
 
 float EditScores::operator()(Edit edit, char16_t sign, char16_t beside) const
 {
+    if (const float known = together_.get(keyOf(edit, sign, beside)); known != 0) {
+        return known;
+    }
     const std::size_t place = placeOf(edit, sign);
-    const float expected = counts_[place] * frequency_[beside];
-    const float seen = together_.get(keyOf(edit, sign, beside));
-    return alone_[place] + std::log((seen + kByChance) / (expected + kByChance));
+    const float unseen = counts_[place] * frequency_[beside] / kByChance;
+    return alone_[place] - (unseen < kSmall ? unseen : std::log1p(unseen));
 }
 
 }  // namespace karvel

@@ -21,7 +21,7 @@ class EditScores {
     std::vector<float> alone_;      ///< logarithms, by edit and sign
     std::vector<float> counts_;     ///< by edit and sign
     std::vector<float> frequency_;  ///< of the signs in all spellings
-    FlatMap<float> together_;       ///< counts by edit, sign and sign beside it
+    FlatMap<float> together_;       ///< logarithms, by edit, sign and a sign seen beside it
 };
 
 }  // namespace karvel

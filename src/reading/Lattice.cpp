@@ -10,9 +10,9 @@ namespace karvel {
 namespace {
 
 constexpr float kNever = -1e30F;
-constexpr std::size_t kNodes = 12;  ///< kept at a position
-constexpr float kNodeGap = 8.0F;    ///< none that is so much worse than the best of its position
-constexpr float kArcGap = 10.0F;    ///< nor an arc
+constexpr std::size_t kNodes = 8;  ///< kept at a position
+constexpr float kNodeGap = 6.5F;   ///< none that is so much worse than the best of its position
+constexpr float kArcGap = 8.0F;    ///< nor an arc
 constexpr float kFollowingWeight =
     0.65F;                           ///< weight of what follows what, against 1 of how words are written
 constexpr float kEachWord = -0.7F;   ///< for every word: fewer and longer ones

@@ -8,7 +8,9 @@ namespace karvel {
 
 namespace {
 
-constexpr std::size_t kLongest = 20;         ///< longer spellings are too few to be worth the time
+constexpr std::size_t kLongest = 20;     ///< longer spellings are too few to be worth the time
+constexpr std::size_t kLeastForTwo = 3;  ///< signs of a spelling with two differences
+constexpr std::size_t kLongestForTwo = 8;
 constexpr std::size_t kLongestChanged = 10;  ///< signs of a changed spelling; the time grows with the square
 
 /// A word with n spellings, seen t times, is written in a new way with probability (kNewEach n + kNewOnce) /
@@ -92,7 +94,7 @@ Lexicon::Lexicon(const ReadingModel& model) : edits_(model)
 
 Lexicon::Spelling& Lexicon::spellingOf(SignsView signs)
 {
-    std::uint32_t& number = bySigns_[hashOf(signs)];
+    std::uint32_t& number = bySigns_[hashOf(signs)].spelling;
     if (number == 0) {
         spellings_.push_back({SignNumbers(signs), {}});
         number = static_cast<std::uint32_t>(spellings_.size());
@@ -144,7 +146,7 @@ void Lexicon::finish()
 
 void Lexicon::indexGaps()
 {
-    gapsOf_.reserve(spellings_.size() * 4);
+    bySigns_.reserve(spellings_.size() * 4);
     for (std::uint32_t i = 0; i < spellings_.size(); ++i) {
         const SignNumbers& signs = spellings_[i].signs;
         if (signs.size() < 2 || signs.size() > kLongestChanged + 1) {
@@ -152,17 +154,11 @@ void Lexicon::indexGaps()
         }
         const HashesWithout hashes(signs);
         for (std::uint32_t at = 0; at < signs.size(); ++at) {
-            std::uint32_t& first = gapsOf_[hashes[at]];
+            std::uint32_t& first = bySigns_[hashes[at]].gap;
             gaps_.push_back({i, at, first});
             first = static_cast<std::uint32_t>(gaps_.size() - 1);
         }
     }
-}
-
-const Lexicon::Spelling* Lexicon::find(std::uint64_t hash) const
-{
-    const std::uint32_t number = bySigns_.get(hash);
-    return number == 0 ? nullptr : &spellings_[number - 1];
 }
 
 /// The sign `at` is one that a known spelling lacks.
@@ -180,11 +176,11 @@ float Lexicon::fewer(const Spelling& known, std::size_t at) const
            logOf(known.signs.size());
 }
 
-/// Calls `take` with each spelling that has this hash without one of its signs, and that sign's place.
+/// Calls `take` with the spelling of each gap from `first` on, and the place of the sign that is left out.
 template <typename Take>
-void Lexicon::eachWithout(std::uint64_t hash, Take take) const
+void Lexicon::eachGap(std::uint32_t first, Take take) const
 {
-    for (std::uint32_t i = gapsOf_.get(hash); i != 0; i = gaps_[i].next) {
+    for (std::uint32_t i = first; i != 0; i = gaps_[i].next) {
         take(spellings_[gaps_[i].spelling], std::size_t{gaps_[i].at});
     }
 }
@@ -196,9 +192,14 @@ void Lexicon::changedSpellings(SignsView signs, std::vector<Candidate>& found) c
             found.push_back({use.word, use.near + score});
         }
     };
+    const auto offerShorter = [&](const Signs& left, float score) {
+        if (left.spelling != 0) {
+            offer(spellings_[left.spelling - 1], score);
+        }
+    };
     const std::size_t length = signs.size();
-    eachWithout(hashOf(signs),
-                [&](const Spelling& known, std::size_t gap) { offer(known, fewer(known, gap)); });
+    eachGap(bySigns_.get(hashOf(signs)).gap,
+            [&](const Spelling& known, std::size_t gap) { offer(known, fewer(known, gap)); });
     if (length < 2) {
         return;
     }
@@ -211,25 +212,27 @@ void Lexicon::changedSpellings(SignsView signs, std::vector<Candidate>& found) c
     std::array<float, kLongestChanged> added{};
     for (std::size_t at = 0; at < length; ++at) {
         added[at] = more(signs, at);
-        if (const Spelling* const shorter = find(hashes[at])) {
-            offer(*shorter, added[at]);
-        }
-        eachWithout(hashes[at], [&](const Spelling& known, std::size_t gap) {
+        const Signs left = bySigns_.get(hashes[at]);
+        offerShorter(left, added[at]);
+        eachGap(left.gap, [&](const Spelling& known, std::size_t gap) {
             const char16_t sign = known.signs[gap];
             if (sign == signs[at]) {
                 offer(known, logMoved - logLength);
-            } else {
-                offer(known, gap == at ? other(at, sign) : added[at] + fewer(known, gap));
+            } else if (gap == at) {
+                offer(known, other(at, sign));
+            } else if (length >= kLeastForTwo) {
+                offer(known, added[at] + fewer(known, gap));
             }
         });
     }
-    for (std::size_t at = 0; length > 2 && at < length; ++at) {
+    for (std::size_t at = 0; length >= kLeastForTwo && length <= kLongestForTwo && at < length; ++at) {
         for (std::size_t next = at + 1; next < length; ++next) {
-            const std::uint64_t hash = hashes.without(at, next);
-            if (const Spelling* const shorter = find(hash)) {
-                offer(*shorter, added[at] + added[next]);
+            const Signs left = bySigns_.get(hashes.without(at, next));
+            offerShorter(left, added[at] + added[next]);
+            if (length == kLeastForTwo) {
+                continue;  // only one sign would be the same
             }
-            eachWithout(hash, [&](const Spelling& known, std::size_t gap) {
+            eachGap(left.gap, [&](const Spelling& known, std::size_t gap) {
                 if (gap == at) {
                     offer(known, added[next] + other(at, known.signs[gap]));
                 } else if (gap + 1 == next) {
@@ -247,8 +250,8 @@ void Lexicon::candidates(SignsView signs, std::vector<Candidate>& found) const
     }
     thread_local std::vector<Candidate> all;
     all.clear();
-    if (const Spelling* const known = find(hashOf(signs))) {
-        for (const Use& use : known->uses) {
+    if (const std::uint32_t known = bySigns_.get(hashOf(signs)).spelling; known != 0) {
+        for (const Use& use : spellings_[known - 1].uses) {
             all.push_back({use.word, use.exact});
         }
     }

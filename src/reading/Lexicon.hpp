@@ -66,21 +66,25 @@ class Lexicon {
         std::uint32_t next = 0;  ///< the next gap with the same hash; 0 none
     };
 
+    /// What a run of signs is: a spelling, and what is left of others without one sign.
+    struct Signs {
+        std::uint32_t spelling = 0;  ///< its number plus one; 0 none
+        std::uint32_t gap = 0;       ///< the first; 0 none
+    };
+
     Spelling& spellingOf(SignsView signs);
-    [[nodiscard]] const Spelling* find(std::uint64_t hash) const;
     [[nodiscard]] float more(SignsView signs, std::size_t at) const;
     [[nodiscard]] float fewer(const Spelling& known, std::size_t at) const;
     template <typename Take>
-    void eachWithout(std::uint64_t hash, Take take) const;
+    void eachGap(std::uint32_t first, Take take) const;
     void changedSpellings(SignsView signs, std::vector<Candidate>& found) const;
     void indexGaps();
 
     std::vector<Word> words_;
     std::unordered_map<std::string, std::uint32_t> numbers_;
     std::vector<Spelling> spellings_;
-    FlatMap<std::uint32_t> bySigns_;  ///< hash of the signs: the spelling's number plus one
-    std::vector<Gap> gaps_{1};        ///< spellings without one sign; number 0 is none
-    FlatMap<std::uint32_t> gapsOf_;   ///< hash of the signs that are left: the first gap
+    FlatMap<Signs> bySigns_;    ///< by their hash
+    std::vector<Gap> gaps_{1};  ///< spellings without one sign; number 0 is none
     EditScores edits_;
     std::vector<float> weights_;  ///< logarithms of the words' counts
     std::size_t longest_ = 1;

@@ -14,14 +14,6 @@ namespace karvel {
 
 namespace {
 
-std::string_view nameOf(Mode mode)
-{
-    static constexpr std::array<std::string_view, kModes> kNames = {
-        "Termine presente", "Dividi in parole", "Cerca simile",
-        "Inizia per",       "Finisce per",      "Geroglifico mancante"};
-    return kNames[static_cast<std::size_t>(mode) - 1];
-}
-
 void addWords(const FileSystem& files, UserInterface& ui, EntryList& list)
 {
     std::string_view left = list.phrase;
@@ -84,6 +76,14 @@ void forEach(const Answers& answers, const Row& row)
 
 }  // namespace
 
+std::string_view nameOf(Mode mode)
+{
+    static constexpr std::array<std::string_view, kModes> kNames = {
+        "Termine presente", "Dividi in parole", "Cerca simile",
+        "Inizia per",       "Finisce per",      "Geroglifico mancante"};
+    return kNames[static_cast<std::size_t>(mode) - 1];
+}
+
 std::string EntryList::heading() const
 {
     return gardinerOf(phrase) + " · " + std::string(nameOf(mode)) + " · " + answers.counts();
@@ -140,7 +140,11 @@ bool useSigns(Session& session, std::string_view codes)
             signs.push_back(std::move(code));
         }
     }
-    return session.palette().pressCodes(signs);
+    const bool added = session.palette().pressCodes(signs);
+    if (added) {
+        session.display().showPhrase();  // the cells may still show the entry
+    }
+    return added;
 }
 
 std::string asCsv(const Answers& answers)

@@ -27,6 +27,7 @@ class TrovaParola : public QDialog {
     void start(const QString& text = {});
 
   protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:

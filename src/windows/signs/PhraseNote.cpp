@@ -13,7 +13,9 @@ namespace karvel {
 
 namespace {
 
-constexpr int kSide = 24;  // of a sign, logical pixels
+// Logical pixels.
+constexpr int kSide = 24;       // of a sign
+constexpr int kReadable = 140;  // of the text
 
 }  // namespace
 
@@ -27,9 +29,12 @@ PhraseNote::PhraseNote(Desktop& desktop, QWidget* parent) : QWidget(parent), des
 
 void PhraseNote::showPhrase()
 {
-    const std::string& codes = desktop_.session().display().DisplayCodes();
+    const DisplayLine& display = desktop_.session().display();
+    const std::string& codes = display.DisplayCodes();
     const std::size_t count = codes.size() / kCodeLength;
-    const QString text = codes.empty() ? QString()
+    // While nothing at all is shown, the display itself says how to begin.
+    const bool blank = std::ranges::all_of(display.cells(), &DisplayLine::Cell::blank);
+    const QString text = codes.empty() ? (blank ? QString() : QStringLiteral("Frase: vuota"))
                                        : QStringLiteral("Frase: %1 (%2)")
                                              .arg(qtext(gardinerOf(codes)),
                                                   count == 1 ? QStringLiteral("1 segno")
@@ -41,8 +46,8 @@ void PhraseNote::showPhrase()
     update();
 }
 
-/// The text takes the width that it needs, up to half; the signs stand before it, the last ones when there
-/// are too many.
+/// The text takes the width that it needs, up to half, or more where that is too little to read; the signs
+/// stand before it, the last ones when there are too many.
 void PhraseNote::paintEvent(QPaintEvent* /*event*/)
 {
     if (text_.isEmpty()) {
@@ -52,7 +57,8 @@ void PhraseNote::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     const QColor paper = paletteFor(colour(desktop_.session().colours().display)).color(QPalette::Window);
     const auto pieces = splitCodes(codes_);
-    const int textWidth = std::min(fontMetrics().horizontalAdvance(text_) + 2, width() / 2);
+    const int textWidth =
+        std::min({fontMetrics().horizontalAdvance(text_) + 2, std::max(kReadable, width() / 2), width()});
     const int room = std::max(0, width() - textWidth - kGap) / (kSide + 2);
     const int shown = std::min(static_cast<int>(pieces.size()), room);
     int left = width() - textWidth - kGap - shown * (kSide + 2);

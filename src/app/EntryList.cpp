@@ -14,12 +14,6 @@ namespace karvel {
 
 namespace {
 
-std::string_view nameOf(Mode mode)
-{
-    static constexpr std::array<std::string_view, kModes> kNames = {
-        "Termine presente", "Dividi in parole", "Cerca simile",
-        "Inizia per",       "Finisce per",      "Geroglifico mancante"};
-    return kNames[static_cast<std::size_t>(mode) - 1];
 }
 
 std::string csvField(std::string_view field)
@@ -67,6 +61,14 @@ void forEach(const Answers& answers, const Row& row)
 }
 
 }  // namespace
+
+std::string_view nameOf(Mode mode)
+{
+    static constexpr std::array<std::string_view, kModes> kNames = {
+        "Termine presente", "Dividi in parole", "Cerca simile",
+        "Inizia per",       "Finisce per",      "Geroglifico mancante"};
+    return kNames[static_cast<std::size_t>(mode) - 1];
+}
 
 EntryList::EntryList(const FileSystem& files, Mode mode, std::string_view phrase)
     : files_(files), mode_(mode), phrase_(phrase), left_(phrase_)
@@ -143,7 +145,11 @@ bool useSigns(Session& session, std::string_view codes)
             signs.push_back(std::move(code));
         }
     }
-    return session.palette().pressCodes(signs);
+    const bool added = session.palette().pressCodes(signs);
+    if (added) {
+        session.display().showPhrase();  // the cells may still show the entry
+    }
+    return added;
 }
 
 std::string asCsv(const Answers& answers)

@@ -11,6 +11,9 @@
 
 namespace karvel {
 
+/// The name of a search mode, as headings and the history show it.
+[[nodiscard]] std::string_view nameOf(Mode mode);
+
 /// What the search button would show, as one list.
 class EntryList : public AnswerSearch {
   public:

@@ -1,5 +1,6 @@
 #include "app/Session.hpp"
 
+#include <algorithm>
 #include <utility>
 
 namespace karvel {
@@ -38,11 +39,56 @@ void Session::search()
     }
     // A copy: the phrase stays what was searched for while a box is open.
     const std::string phrase = display_.DisplayCodes();
+    rememberPhrase();
     if (modes_.is(Mode::Split)) {
         WordSplitter(files_, ui_, *this, last_, translatedWords_).run(phrase);
         return;
     }
     TranslationLookup(files_, ui_, *this, last_).run(modes_.mode(), phrase);
+}
+
+void Session::rememberPhrase()
+{
+    history_.rememberPhrase(static_cast<std::uint8_t>(modes_.mode()), display_.DisplayCodes());
+}
+
+void Session::bringBack(const std::string& codes)
+{
+    display_.bringBack(codes);
+    const auto pieces = splitCodes(codes);
+    if (std::ranges::find(pieces, kMissingSign) != pieces.end() && !modes_.is(Mode::MissingSign)) {
+        modes_.activateMissingSign();
+    }
+}
+
+void Session::bringBackOrBeep(const std::optional<std::string>& codes)
+{
+    if (codes) {
+        bringBack(*codes);
+    } else {
+        ui_.beep();
+    }
+}
+
+void Session::earlierPhrase()
+{
+    bringBackOrBeep(history_.earlier(display_.DisplayCodes()));
+}
+
+void Session::laterPhrase()
+{
+    bringBackOrBeep(history_.later(display_.DisplayCodes()));
+}
+
+void Session::clearHistory()
+{
+    if (ui_.ask({.title = "Cronologia",
+                 .text = "Cancellare tutte le ricerche della cronologia ?",
+                 .icon = Icon::Question,
+                 .buttons = Buttons::YesNo,
+                 .defaultButton = Button::No}) == Button::Yes) {
+        history_.clear();
+    }
 }
 
 }  // namespace karvel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,7 @@
 #include "base/Pictures.hpp"
 #include "base/UserInterface.hpp"
 #include "compose/DisplayLine.hpp"
+#include "compose/History.hpp"
 #include "compose/Palette.hpp"
 #include "compose/SignImages.hpp"
 #include "dictionary/DictionaryEntry.hpp"
@@ -44,6 +46,7 @@ class Session : private SplittingView {
     [[nodiscard]] Insertion& insertion() { return insertion_; }
     [[nodiscard]] const SignFinder& finder() const { return finder_; }
     [[nodiscard]] FavouritesStrip& favourites() { return favourites_; }
+    [[nodiscard]] History& history() { return history_; }
     [[nodiscard]] Colours& colours() { return colours_; }
     [[nodiscard]] GlyphDirectoryChooser& directoryChooser() { return directoryChooser_; }
     [[nodiscard]] LastResult& last() { return last_; }
@@ -65,7 +68,23 @@ class Session : private SplittingView {
     /// is composed. Throws RuntimeError as the mode's search does.
     void search();
 
+    /// Puts the phrase into the history, as searched for in the present mode.
+    void rememberPhrase();
+
+    /// Makes `codes`, from the history, the phrase. The mode stays, but a missing sign needs its own. Shows
+    /// no box. Throws like DisplayLine::insert.
+    void bringBack(const std::string& codes);
+
+    /// Brings back the phrase that was searched for before the present one, or after it; a warning sound when
+    /// there is none. Throw like `bringBack`.
+    void earlierPhrase();
+    void laterPhrase();
+
+    /// Asks, then deletes the history. Throws like History::clear.
+    void clearHistory();
+
   private:
+    void bringBackOrBeep(const std::optional<std::string>& codes);
     void showFound(std::string_view signs) override { display_.showFound(signs); }
     void showPicture(const std::string& name) override;
     void closePicture() override { windows_.closePicture(); }
@@ -90,7 +109,8 @@ class Session : private SplittingView {
     GlyphDirectoryChooser directoryChooser_;
     TranslatedWords translatedWords_;
     DictionaryInsertion dictionaryInsertion_{files_, ui_, last_};
-    ItalianSearch italianSearch_{files_, ui_, display_, last_};
+    History history_{files_};
+    ItalianSearch italianSearch_{files_, ui_, display_, last_, history_};
     Choices choices_{files_};
     Arrangement arrangement_;
 };

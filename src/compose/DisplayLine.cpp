@@ -290,8 +290,8 @@ void DisplayLine::removeAt(std::size_t offset)
     count_ = static_cast<std::uint8_t>(std::min(signs(), first / kCodeLength + kCells));
 }
 
-/// What clearing and undo have in common: nothing composed, nothing shown, the border at the first cell.
-void DisplayLine::emptyDisplay()
+/// Nothing composed, nothing shown, the border at the first cell.
+void DisplayLine::startOver()
 {
     clearCells();
     cells_[0].border = true;
@@ -299,15 +299,43 @@ void DisplayLine::emptyDisplay()
     firstVisible_ = 0;
     insertPosition_ = 0;
     count_ = 0;
+    codes_.clear();
+}
+
+/// What clearing and undo have in common.
+void DisplayLine::emptyDisplay()
+{
+    startOver();
     if (modes_.active()) {
         modes_.leave();
     }
-    codes_.clear();
 }
 
 void DisplayLine::clearAll()
 {
     emptyDisplay();
+}
+
+void DisplayLine::bringBack(std::string_view codes)
+{
+    saveUndoState(static_cast<std::int16_t>(insertPosition_ + static_cast<int>(kCodeLength)));
+    startOver();
+    codes_ = codes;
+    insertPosition_ =
+        static_cast<std::int16_t>(std::max<std::size_t>(signs(), 1) * kCodeLength - kCodeLength);
+    cursorEnabled_ = true;
+    showPhrase();
+}
+
+void DisplayLine::showPhrase()
+{
+    if (signs() == 0) {
+        return;
+    }
+    const std::size_t shown = std::min(signs(), kCells);
+    showStretch(codes_.size() - std::min(codes_.size(), kCellCharacters));
+    count_ = static_cast<std::uint8_t>(shown);
+    moveBorderTo(shown - 1);
 }
 
 void DisplayLine::undo()

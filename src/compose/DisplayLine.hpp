@@ -91,6 +91,13 @@ class DisplayLine {
     /// thrown.
     void undo();
 
+    /// Saves the undo state, then makes `codes` the phrase and shows its end, as if it had just been
+    /// composed. The search mode stays. Throws like `insert`.
+    void bringBack(std::string_view codes);
+
+    /// Shows the end of the phrase again in place of an entry; an empty phrase changes nothing.
+    void showPhrase();
+
     /// Shows a found entry: cells 1 to 11 are cleared and its first twelve signs put from cell 0 on. The
     /// phrase stays as it is.
     void showFound(std::string_view codes);
@@ -127,6 +134,7 @@ class DisplayLine {
     void showStretch(std::size_t offset, std::size_t signs = kCells);
     void redrawAtCount();
     void removeAt(std::size_t offset);
+    void startOver();
     void emptyDisplay();
     void forgetSelection();
 

@@ -9,6 +9,15 @@
 
 namespace karvel {
 
+/// The phrase is cut into codes of three bytes. A character of several bytes would be cut in two, and a quote
+/// could become the first byte of a field, which no file can store. Any plain text is allowed: a favourite
+/// from another directory may have put unknown codes into the phrase.
+bool mayBePhrase(std::string_view codes)
+{
+    return std::ranges::all_of(codes, [](char c) { return c >= ' ' && c < 0x7F && c != '"'; }) &&
+           codes.size() <= DisplayLine::kLimit * kCodeLength;
+}
+
 void saveUndo(const FileSystem& files, const UndoState& state)
 {
     // Written before every sign: it must survive the program's end, but need not wait for the disk.
@@ -29,12 +38,7 @@ UndoState loadUndo(const FileSystem& files)
     state.DisplayCount = fields.number<std::uint8_t>();
     state.FirstVisibleOffset = fields.number<std::int16_t>();
     state.InsertPosition = fields.number<std::int16_t>();
-    // Any plain text is taken: a favourite from another directory may have put unknown codes into the phrase.
-    // The phrase is cut into codes of three bytes. A character of several bytes would be cut in two, and a
-    // quote could become the first byte of a field, which no file can store.
-    const bool plain =
-        std::ranges::all_of(state.DisplayCodes, [](char c) { return c >= ' ' && c < 0x7F && c != '"'; });
-    if (!plain || state.DisplayCodes.size() > DisplayLine::kLimit * kCodeLength) {
+    if (!mayBePhrase(state.DisplayCodes)) {
         throw RuntimeError(ErrorNumber::TypeMismatch);
     }
     return state;

@@ -20,6 +20,10 @@ struct UndoState {
     friend bool operator==(const UndoState&, const UndoState&) = default;
 };
 
+/// Whether `codes` may be a phrase that a file holds: printable ASCII without quotes, at most 84 signs. The
+/// codes need not be known: a favourite from another directory may have put others into the phrase.
+[[nodiscard]] bool mayBePhrase(std::string_view codes);
+
 /// Replaces the saved state. Throws RuntimeError; the old one is then still whole.
 void saveUndo(const FileSystem& files, const UndoState& state);
 

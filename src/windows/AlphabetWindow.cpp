@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "app/EntryList.hpp"
 #include "base/SignRepertoire.hpp"
 #include "windows/signs/PhraseBlocks.hpp"
 #include "windows/signs/SignSheet.hpp"
@@ -55,6 +56,12 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
                                          QStringLiteral("scrive il nome con i segni, sul display"), this);
     go->setDefault(true);
     connect(go, &QPushButton::clicked, this, &Form2::transcribeName);
+    use_ = spokenButton("use", QStringLiteral("&Usa questi segni"),
+                        QStringLiteral("aggiunge alla frase tutti i segni del nome"), this);
+    use_->setEnabled(false);
+    connect(use_, &QPushButton::clicked, this, [this] {
+        desktop_.handle([this] { (void)useSigns(desktop_.session(), signs_->picture().codes); });
+    });
     QPushButton* const print = spokenButton("Command2", QStringLiteral("Stampa la tavola..."),
                                             QStringLiteral("stampa la tavola su un foglio"), this);
     connect(print, &QPushButton::clicked, chart_, &SignSheet::print);
@@ -63,6 +70,7 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
     line->addWidget(caption);
     line->addWidget(text1_, 1);
     line->addWidget(go);
+    line->addWidget(use_);
     auto* const below = new QHBoxLayout;
     const PictureButtons pictures = pictureButtons(this);
     connect(pictures.copy, &QPushButton::clicked, signs_, &PhraseBlocks::copy);
@@ -104,6 +112,7 @@ void Form2::transcribeName()
     // On a small screen this window covers the display, so it shows the signs itself too.
     const std::string& codes = desktop_.session().last().foundCodes;
     signs_->setPicture({.codes = codes, .look = {.ring = true}, .blockHeight = kNameBlockHeight});
+    use_->setEnabled(!codes.empty());
     const std::size_t signs = codes.size() / kCodeLength;
     count_->setText(signs > DisplayLine::kCells
                         ? QStringLiteral("Segni: %1; il display mostra i primi 12.").arg(signs)

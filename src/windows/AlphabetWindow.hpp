@@ -4,6 +4,7 @@
 
 class QLabel;
 class QLineEdit;
+class QPushButton;
 
 namespace karvel {
 
@@ -26,6 +27,7 @@ class Form2 : public QDialog {
     QLineEdit* text1_;
     PhraseBlocks* signs_;
     QLabel* count_;
+    QPushButton* use_ = nullptr;  ///< "Usa questi segni"
     SignSheet* chart_;
 };
 

@@ -146,10 +146,6 @@ void Form6::buildMenu()
 
 void Form6::showState()
 {
-    const QColor window = colour(desktop_.session().colours().window);
-    if (palette().color(QPalette::Window) != window) {
-        setPalette(paletteFor(window));
-    }
     showNames();
     showCurrent();
     showSigns();

@@ -17,6 +17,7 @@
 
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Resources.hpp"
+#include "windows/support/Theme.hpp"
 
 namespace karvel {
 
@@ -24,8 +25,9 @@ namespace {
 
 constexpr qreal kLineHeight = 130;  // per cent
 
-/// Sets the space between the lines, and makes pictures no wider than the page (logical pixels).
-void layOut(QTextDocument& document, qreal width)
+/// Sets the space between the lines and the colour of the links, and makes pictures no wider than the page
+/// (logical pixels).
+void layOut(QTextDocument& document, qreal width, const QColor& link)
 {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         QTextCursor cursor(block);
@@ -36,23 +38,27 @@ void layOut(QTextDocument& document, qreal width)
         cursor.setBlockFormat(format);
         for (auto part = block.begin(); !part.atEnd(); ++part) {
             QTextCharFormat character = part.fragment().charFormat();
-            if (!character.isImageFormat()) {
+            if (character.isImageFormat()) {
+                QTextImageFormat image = character.toImageFormat();
+                const QSize size = QImage(QStringLiteral(":/guida/") + image.name()).size();
+                image.setWidth(std::min<qreal>(size.width(), width));
+                character = image;
+            } else if (character.isAnchor()) {
+                character.setForeground(link);  // the toolkit takes it from the desktop's theme
+            } else {
                 continue;
             }
-            QTextImageFormat image = character.toImageFormat();
-            const QSize size = QImage(QStringLiteral(":/guida/") + image.name()).size();
-            image.setWidth(std::min<qreal>(size.width(), width));
             cursor.setPosition(part.fragment().position());
             cursor.setPosition(part.fragment().position() + part.fragment().length(),
                                QTextCursor::KeepAnchor);
-            cursor.setCharFormat(image);
+            cursor.setCharFormat(character);
         }
     }
 }
 
 }  // namespace
 
-Guide::Guide(Desktop& /*desktop*/, QWidget* parent) : QDialog(parent)
+Guide::Guide(Desktop& desktop, QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("Guide"));
     setWindowTitle(QStringLiteral("Guida di Karvel"));
@@ -71,7 +77,8 @@ Guide::Guide(Desktop& /*desktop*/, QWidget* parent) : QDialog(parent)
         page->document()->setBaseUrl(QUrl(QStringLiteral("qrc:/guida/")));
         page->document()->setMarkdown(QString::fromUtf8(file.readAll()));
     }
-    layOut(*page->document(), 620);
+    layOut(*page->document(), 620,
+           paletteFor(colour(desktop.session().colours().window)).color(QPalette::Link));
     page->moveCursor(QTextCursor::Start);
 
     auto* const chapters = new QListWidget(this);

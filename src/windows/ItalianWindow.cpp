@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include "app/EntryList.hpp"
 #include "windows/WordBox.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
@@ -39,6 +40,12 @@ italiano::italiano(Desktop& desktop, QWidget* parent)
     QPushButton* const specific = button("Command3", QStringLiteral("Ricerca specifica"),
                                          QStringLiteral("cerca le voci che contengono una parola"),
                                          [&search] { search.searchSpecific(); });
+    use_ = button("use", QStringLiteral("&Usa questi segni"),
+                  QStringLiteral("aggiunge alla frase tutti i segni della voce trovata per ultima"),
+                  [this, &search] { (void)useSigns(desktop_.session(), search.shownSigns()); });
+    const auto enable = [this, &search] { use_->setEnabled(!search.shownSigns().empty()); };
+    connect(&desktop_, &Desktop::changed, this, enable);
+    enable();
     auto* const cancel = new QPushButton(QStringLiteral("ANNULLA"), this);
     cancel->setObjectName(QStringLiteral("Command2"));
     cancel->setAccessibleName(QStringLiteral("chiude la ricerca"));
@@ -48,17 +55,18 @@ italiano::italiano(Desktop& desktop, QWidget* parent)
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins(16, 16, 16, 14);
     grid->setVerticalSpacing(6);
-    grid->addWidget(caption, 0, 0, 1, 4);
-    grid->addWidget(combo1_, 1, 0, 1, 4);
-    grid->addWidget(count_, 2, 0, 1, 4);
+    grid->addWidget(caption, 0, 0, 1, 5);
+    grid->addWidget(combo1_, 1, 0, 1, 5);
+    grid->addWidget(count_, 2, 0, 1, 5);
     grid->setRowMinimumHeight(3, 6);
     grid->setRowStretch(3, 1);
     grid->addWidget(exact, 4, 0);
     grid->addWidget(specific, 4, 1);
-    grid->setColumnStretch(2, 1);
-    grid->addWidget(cancel, 4, 3);
+    grid->addWidget(use_, 4, 2);
+    grid->setColumnStretch(3, 1);
+    grid->addWidget(cancel, 4, 4);
     combo1_->setFocus();
-    resize(460, sizeHint().height());
+    resize(560, sizeHint().height());
 }
 
 QPushButton* italiano::button(const char* name, const QString& caption, const QString& spoken,

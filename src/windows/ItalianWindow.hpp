@@ -33,6 +33,7 @@ class italiano : public QDialog {
     Desktop& desktop_;
     WordBox* combo1_;
     QLabel* count_;
+    QPushButton* use_ = nullptr;  ///< "Usa questi segni"
 };
 
 }  // namespace karvel

@@ -110,6 +110,15 @@ void TrovaParola::closeEvent(QCloseEvent* event)
     QDialog::closeEvent(event);
 }
 
+/// The text goes into the history when the user turns to another window, not at each key.
+bool TrovaParola::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Hide) {
+        desktop_.session().history().rememberText(typed(field_->text()));
+    }
+    return QDialog::event(event);
+}
+
 /// The keys that move in the list, and those that choose from it, work while the user types.
 bool TrovaParola::eventFilter(QObject* watched, QEvent* event)
 {

@@ -31,6 +31,7 @@ class TrovaParola : public QDialog {
     void reject() override;
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 

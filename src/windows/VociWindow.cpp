@@ -58,6 +58,7 @@ void Voci::openFromMenu(Desktop& desktop, WindowSet& windows)
         windows.open<TrovaParola>().start();
         return;
     }
+    session.rememberPhrase();
     windows.open<Voci>().list(session.modes().mode(), session.display().DisplayCodes());
 }
 

@@ -154,6 +154,7 @@ void ItalianSearch::show(DictionaryEntry entry, ItalianWord::Match match)
         entry.transliteration = upperCase(entry.transliteration);
         entry.note = upperCase(entry.note);
     }
+    shownSigns_ = entry.signs;
     display_.showFrom0(entry.signs);
     ui_.ask(translationBox(entry));
 }
@@ -164,6 +165,7 @@ void ItalianSearch::show(DictionaryEntry entry, ItalianWord::Match match)
 ItalianSearch::End ItalianSearch::pass(std::string_view word, ItalianWord::Match match)
 {
     open();
+    history_.rememberText(word);
     const std::shared_ptr<RecordReader> reader = reader_;
     const ItalianWord wanted(word, match);
     try {

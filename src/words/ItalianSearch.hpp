@@ -7,6 +7,7 @@
 
 #include "base/UserInterface.hpp"
 #include "compose/DisplayLine.hpp"
+#include "compose/History.hpp"
 #include "dictionary/DictionaryEntry.hpp"
 #include "dictionary/RecordReader.hpp"
 #include "files/FileSystem.hpp"
@@ -42,10 +43,15 @@ class ItalianWord {
 class ItalianSearch {
   public:
     /// All must outlive the search.
-    ItalianSearch(const FileSystem& files, UserInterface& ui, DisplayLine& display, LastResult& last)
-        : files_(files), ui_(ui), display_(display), last_(last)
+    ItalianSearch(const FileSystem& files, UserInterface& ui, DisplayLine& display, LastResult& last,
+                  History& history)
+        : files_(files), ui_(ui), display_(display), last_(last), history_(history)
     {
     }
+
+    /// The sign codes of the match shown last; empty when there was none yet. `LastResult` holds the record
+    /// read last, which may be a later one.
+    [[nodiscard]] const std::string& shownSigns() const { return shownSigns_; }
 
     /// The word list of the dictionary as it is now. When the user stops the reading, that of what was read.
     /// Throws RuntimeError when the dictionary cannot be read.
@@ -82,6 +88,8 @@ class ItalianSearch {
     UserInterface& ui_;
     DisplayLine& display_;
     LastResult& last_;
+    History& history_;
+    std::string shownSigns_;
     std::shared_ptr<RecordReader> reader_;  ///< while a search is open
 };
 

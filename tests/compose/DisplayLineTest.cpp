@@ -41,6 +41,21 @@ TEST(DisplayLine, InsertsAndScrolls)
     });
 }
 
+TEST(DisplayLine, BringsAPhraseBackAsIfItHadJustBeenComposed)
+{
+    for (const char* const keys : {"k1", "k11", "k12", "k13", "k84"}) {
+        Composer composed;
+        composed.act(keys);
+        Composer broughtBack;
+        broughtBack.act("k3 found:b01b02");
+        broughtBack.display.bringBack(composed.display.DisplayCodes());
+        EXPECT_EQ(broughtBack.state(), composed.state());
+        EXPECT_TRUE(broughtBack.display.cursorEnabled());
+        broughtBack.act("undo");
+        EXPECT_EQ(broughtBack.state(), "a01-a03 | 12 6 0 | a01* a02-a03");
+    }
+}
+
 TEST(DisplayLine, MovesTheStretch)
 {
     check({

@@ -24,6 +24,7 @@ Installation::Installation()
     for (const char* const code : {"a01", "a02", "a03", "a04", "a05", "a06", "a07", "a08"}) {
         page += "C:\\Programmi\\Karvel\\GR\\" + std::string(code) + ".gif\r\n";
     }
+    drive.write(below + "settaggi\\cronologia.txt", "3\ta01\r\ntesto\tuno\r\n");
     drive.write(below + "prefe\\pre1.prf", page);
     drive.write(below + "preferiti", page);
     fs::create_directories(dataTree());
@@ -107,6 +108,7 @@ const std::vector<Operation>& readings()
         {"turn favourites", [](Installation& i) { i.session.favourites().nextPage(); }},
         {"open the cards", [](Installation& i) { i.cards.open(); }},
         {"load a card", [](Installation& i) { i.cards.names().empty() ? void() : i.cards.load(0); }},
+        {"remember a search", [](Installation& i) { i.session.rememberPhrase(); }},
         {"read the colours", [](Installation& i) { (void)readColours(i.drive.files()); }},
     };
     return kReadings;
@@ -114,7 +116,7 @@ const std::vector<Operation>& readings()
 
 bool isCache(std::string_view file)
 {
-    return file == "GeroLink/schedepref.txt" || file == "preferiti";
+    return file == "GeroLink/schedepref.txt" || file == "preferiti" || file == "settaggi/cronologia.txt";
 }
 
 }  // namespace karvel::testing

@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 
+#include "windows/GuideWindow.hpp"
 #include "windows/signs/SignButton.hpp"
 #include "windows/support/Stage.hpp"
 
@@ -142,22 +143,34 @@ class Form1Test : public QObject {
     void strongContrastOfTheSystemGoesBeforeTheUsersColours()
     {
         Stage stage;
+        stage.choose("guida");
+        // Every window has the colour of the main window, whatever the theme.
         const auto surfaces = [&stage] {
-            return std::pair(stage.form1().palette().color(QPalette::Window),
-                             stage.control<QWidget>("Picture1")->palette().color(QPalette::Window));
+            const QColor window = stage.form1().palette().color(QPalette::Window);
+            const auto* const guide = stage.windows().opened<Guide>();
+            return std::tuple(window, guide->palette().color(QPalette::Window) == window,
+                              stage.control<QWidget>("Picture1")->palette().color(QPalette::Window));
         };
         const auto chosen = surfaces();
+        QVERIFY(std::get<1>(chosen));
+        applyWindowColour(stage.drive().files(), stage.session().colours(), Colour::rgb(250, 240, 200));
+        emit stage.desktop().changed();
+        QCOMPARE(surfaces(), std::tuple(QColor(250, 240, 200), true, std::get<2>(chosen)));
+        applyWindowColour(stage.drive().files(), stage.session().colours(), Colours::kWindowDefault);
+        emit stage.desktop().changed();
         const QPalette before = QApplication::palette();
         // The toolkit tells the windows of a new theme only while its own loop runs.
         const auto takeTheme = [&stage](const QPalette& theme) {
             QApplication::setPalette(theme);
-            QEvent changed(QEvent::ApplicationPaletteChange);
-            QApplication::sendEvent(&stage.form1(), &changed);
+            for (QWidget* const window : QApplication::topLevelWidgets()) {
+                QEvent changed(QEvent::ApplicationPaletteChange);
+                QApplication::sendEvent(window, &changed);
+            }
         };
         QPalette whiteOnBlack(Qt::white, Qt::black);
         whiteOnBlack.setColor(QPalette::WindowText, Qt::white);
         takeTheme(whiteOnBlack);
-        QCOMPARE(surfaces(), std::pair(QColor(Qt::black), QColor(Qt::black)));
+        QCOMPARE(surfaces(), std::tuple(QColor(Qt::black), true, QColor(Qt::black)));
         takeTheme(before);
         QCOMPARE(surfaces(), chosen);
     }

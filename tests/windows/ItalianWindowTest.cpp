@@ -80,6 +80,30 @@ class ItalianWindowTest : public QObject {
         QCOMPARE(words->count(), 2);
     }
 
+    void theSignsOfTheEntryFoundLastAreUsedWhole()
+    {
+        std::string signs = "a01a02a03a04a05a06a07a08a09a10a11a12a13a14";
+        Stage stage(record(signs, "casa") + record("b01", "altro"));
+        const italiano* const window = openWindow(stage);
+        auto* const use = control<QPushButton>(window, "use");
+        QVERIFY(!use->isEnabled());
+        stage.expectInput("CERCA", "cas");
+        stage.expect(foundBox("CASA"));
+        stage.expect(kGoOn);
+        stage.expect({.title = "SISTEMA:", .text = "Fine ricerca !", .icon = Icon::Exclamation});
+        click(window, "Command3");
+        QVERIFY(use->isEnabled());
+        use->click();
+        QCOMPARE(stage.phrase(), signs);
+        for (int times = 1; times < 6; ++times) {
+            use->click();
+        }
+        stage.expect(
+            {.title = "SISTEMA", .text = "attenzione limite massimo caratteri 84", .icon = Icon::Critical});
+        use->click();
+        QCOMPARE(stage.phrase().size(), std::size_t(84 * 3));
+    }
+
     void aCancelledSpecificSearchIsClosedByAnnulla()
     {
         Stage stage(record("h18", "casa"));

@@ -7,6 +7,7 @@
 
 #include "windows/GuideWindow.hpp"
 #include "windows/PrintingWindow.hpp"
+#include "windows/TrovaParola.hpp"
 #include "windows/signs/SignButton.hpp"
 #include "windows/signs/SignMenu.hpp"
 #include "windows/support/Stage.hpp"
@@ -109,6 +110,13 @@ class KeyboardTest : public QObject {
         QVERIFY(list->isVisible());
         key(Qt::Key_Return);
         QCOMPARE(stage.phrase(), std::string("d51"));
+        auto* const its = stage.control<QWidget>("tasto(50)");  // the key of the sign, on its page
+        QCOMPARE(state(stage), QStringLiteral("d51 4 findSign"));
+        QVERIFY(!its->accessibleDescription().isEmpty());
+        stage.press("d01");
+        QVERIFY(its->accessibleDescription().isEmpty());
+        stage.choose("undo");
+        stage.control<QWidget>("findSign")->setFocus();
         type("m");
         key(Qt::Key_Space);  // the next of several signs with this value
         key(Qt::Key_Return);
@@ -143,6 +151,68 @@ class KeyboardTest : public QObject {
             key(Qt::Key_Return);
             QVERIFY2(stage.noBoxLeft(), place);
         }
+    }
+
+    void altAndArrowsBringPhrasesBackFromEveryControl()
+    {
+        Stage stage(record("a01", "uno") + record("a02", "due"));
+        stage.choose("Uguale");
+        for (const char* const sign : {"a01", "a02"}) {
+            stage.click("Command8");
+            stage.press(sign);
+            stage.activate();
+            stage.expect(foundBox(sign == std::string("a01") ? "UNO" : "DUE"), Button::Cancel);
+            stage.click("Command12");
+        }
+        for (const char* const place : {"tasto(3)", "Vendol(0)", "findSign", "Text1", "HScroll1"}) {
+            stage.activate();
+            stage.control<QWidget>(place)->setFocus();
+            key(Qt::Key_Left, Qt::AltModifier);
+            QCOMPARE(stage.phrase(), std::string("a01"));
+            key(Qt::Key_Right, Qt::AltModifier);
+            QCOMPARE(stage.phrase(), std::string("a02"));
+        }
+    }
+
+    void theHistoryListsWhatWasSearchedForAndBringsItBack()
+    {
+        Stage stage;
+        stage.drive().write(kHistoryPath, "3\ta01a02\ntesto\tbirra & pane\n");
+        auto* const menu = stage.control<QMenu>("cronologia");
+        QCOMPARE(menu->menuAction()->text(), QStringLiteral("Cr&onologia"));
+        QVERIFY(stage.control<QMenu>("Ricerca")->actions().constLast() == menu->menuAction());
+        for (int times = 0; times < 2; ++times) {  // opened again, it is the same
+            menu->popup(QPoint(0, 0));
+            QStringList captions;
+            for (const QAction* const item : menu->actions()) {
+                captions << item->text();
+            }
+            QCOMPARE(captions.mid(3, 3),
+                     (QStringList{"«birra && pane»", "A1-A2 · Cerca simile", QString()}));
+            menu->close();
+        }
+        menu->actions()[4]->trigger();
+        QCOMPARE(stage.phrase(), std::string("a01a02"));
+        menu->actions()[3]->trigger();
+        QCOMPARE(control<QLineEdit>(stage.windows().opened<TrovaParola>(), "TrovaCampo")->text(),
+                 QStringLiteral("birra & pane"));
+        control<QLineEdit>(stage.windows().opened<TrovaParola>(), "TrovaCampo")->setText("vino");
+        stage.windows().opened<TrovaParola>()->close();
+        QCOMPARE(stage.session().history().searches().back().text, std::string("vino"));
+    }
+
+    void tabStopsOnceInThePalette()
+    {
+        Stage stage;
+        stage.activate();
+        stage.control<QWidget>("HScroll1")->setFocus();
+        key(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("tasto(0)"));
+        key(Qt::Key_End);
+        key(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Vendol(0)"));
+        key(Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("tasto(52)"));
     }
 
     void f10OpensTheMenus()

@@ -94,6 +94,7 @@ class WordWindowsTest : public QObject {
         Stage stage;
         const auto* const window = stage.open<Form2>("ins");
         QVERIFY(!window->isModal());
+        QVERIFY(!control<QWidget>(window, "use")->isEnabled());
         auto* const name = control<QLineEdit>(window, "Text1");
         QTest::keyClicks(name, QStringLiteral("Cleopatr"));
         QVERIFY(stage.cells().empty());
@@ -104,6 +105,8 @@ class WordWindowsTest : public QObject {
         QCOMPARE(stage.cells(), std::string("n38d06g03n13i27p19o19b47p19"));
         QVERIFY(stage.phrase().empty());
         QCOMPARE(control<QLabel>(window, "count")->text(), QStringLiteral("Segni: 9"));
+        click(window, "use");
+        QCOMPARE(stage.phrase(), std::string("n38d06g03n13i27p19o19b47p19"));
     }
 
     void theSheetsHoldTheirSignsAndPrintThem()

@@ -122,6 +122,8 @@ TEST_F(ItalianSearching, FindsWholeTranslationsAndKeepsTheTailOfTheDisplay)
     EXPECT_EQ("d04", session_.last().foundCodes);
     EXPECT_EQ("più", session_.last().note);
 
+    EXPECT_EQ("d04", search().shownSigns());
+
     search().search("cas");  // neither an end message nor an open file
     search().search("Cas");
     EXPECT_EQ("la casa è qui", session_.last().translation);
@@ -140,6 +142,15 @@ TEST_F(ItalianSearching, SpecificSearchShowsCapitalsAndClearsAtTheEnd)
     EXPECT_EQ("..........g14g15", shown());
     EXPECT_EQ("E05F06", session_.last().foundCodes);
     EXPECT_EQ("LA CASA È QUI", session_.last().translation);
+
+    drive_.write(kDictionaryPath, record("d04", "casa", "y") + record("e05", "altro"));
+    ui_.answerInput("casa");
+    ui_.expect(found("CASA", "Y", ""));
+    ui_.expect(kGoOn);
+    ui_.expect(kEnd);
+    search().searchSpecific();
+    EXPECT_EQ("E05", session_.last().foundCodes);  // the record read last
+    EXPECT_EQ("d04", search().shownSigns());       // the match shown last
 }
 
 TEST_F(ItalianSearching, ACancelledSpecificSearchStaysOpenUntilItIsClosed)
@@ -179,7 +190,7 @@ TEST_F(ItalianSearching, ASearchClosedWhileItsBoxIsOpenEndsWithThatBox)
 {
     ClosingUi ui;
     LastResult last;
-    ItalianSearch search(drive_.files(), ui, session_.display(), last);
+    ItalianSearch search(drive_.files(), ui, session_.display(), last, session_.history());
     ui.search = &search;
     ui.expect(found("casa", "pr", "n1"));  // there is a second one
     ui.expect(kGoOn, Button::Ok);

@@ -20,7 +20,9 @@ namespace karvel {
 
 namespace {
 
-constexpr int kIcon = 40;           // logical pixels
+constexpr int kIcon = 40;  // logical pixels
+constexpr int kFieldWidth = 280;
+constexpr int kListWidth = 460;
 constexpr int kShown = 8;           // rows before the list scrolls
 constexpr std::size_t kFound = 40;  // signs listed at most
 
@@ -70,16 +72,19 @@ FindSign::FindSign(Desktop& desktop, QWidget& stage, QWidget* parent)
     field_->setToolTip(
         QStringLiteral("numero di Gardiner, codice, valore fonetico o parola della descrizione; "
                        "Invio inserisce, Spazio passa al segno seguente; Invio a campo vuoto cerca"));
-    auto* const clear = field_->addAction(symbolIcon(Symbol::Cross, palette().color(QPalette::Text)),
-                                          QLineEdit::TrailingPosition);
-    clear->setObjectName(QStringLiteral("clearFind"));
-    clear->setText(QStringLiteral("svuota"));
-    clear->setToolTip(QStringLiteral("svuota il campo"));
-    clear->setVisible(false);
-    connect(clear, &QAction::triggered, field_, &QLineEdit::clear);
-    connect(field_, &QLineEdit::textChanged, clear,
-            [clear](const QString& text) { clear->setVisible(!text.isEmpty()); });
-    field_->setMinimumWidth(210);
+    search_ = field_->addAction(QIcon(), QLineEdit::LeadingPosition);
+    search_->setText(QStringLiteral("trova segno"));
+    clear_ = field_->addAction(QIcon(), QLineEdit::TrailingPosition);
+    clear_->setObjectName(QStringLiteral("clearFind"));
+    clear_->setText(QStringLiteral("svuota"));
+    clear_->setToolTip(QStringLiteral("svuota il campo"));
+    clear_->setVisible(false);
+    showIcons();
+    connect(search_, &QAction::triggered, field_, [this] { field_->setFocus(); });
+    connect(clear_, &QAction::triggered, field_, &QLineEdit::clear);
+    connect(field_, &QLineEdit::textChanged, clear_,
+            [this](const QString& text) { clear_->setVisible(!text.isEmpty()); });
+    field_->setFixedWidth(kFieldWidth);
     field_->installEventFilter(this);
     list_->setObjectName(QStringLiteral("foundSigns"));
     list_->setAccessibleName(QStringLiteral("segni trovati"));
@@ -93,6 +98,13 @@ FindSign::FindSign(Desktop& desktop, QWidget& stage, QWidget* parent)
     row->addWidget(field_);
     connect(field_, &QLineEdit::textChanged, this, &FindSign::list);
     connect(list_, &QListWidget::itemClicked, this, [this] { insertChosen(); });
+}
+
+void FindSign::showIcons()
+{
+    const QColor ink = field_->palette().color(QPalette::Text);
+    search_->setIcon(symbolIcon(Symbol::Search, ink));
+    clear_->setIcon(symbolIcon(Symbol::Cross, ink));
 }
 
 void FindSign::start(const QString& typed)
@@ -126,8 +138,9 @@ void FindSign::list()
     list_->setCurrentRow(0);
     const int rows = std::min(list_->count(), kShown);
     const int height = std::min(stage_.height(), rows * std::max(kIcon + 4, list_->sizeHintForRow(0)) + 6);
-    const int width = std::min(stage_.width(), 460);
-    list_->setGeometry(stage_.width() - width, stage_.height() - height, width, height);
+    const int width = std::min(stage_.width(), kListWidth);
+    const int left = stage_.mapFromGlobal(field_->mapToGlobal(QPoint(0, 0))).x();
+    list_->setGeometry(std::clamp(left, 0, stage_.width() - width), 0, width, height);
     list_->raise();
 }
 
@@ -159,9 +172,13 @@ void FindSign::insertChosen()
         return;
     }
     const std::string code(found_[static_cast<std::size_t>(row)]->code);
-    desktop_.handle([&] { desktop_.session().palette().pressCode(code); });
+    bool done = false;
+    desktop_.handle([&] { done = desktop_.session().palette().pressCode(code); });
     field_->clear();
     field_->setFocus();
+    if (done) {
+        emit inserted(code);
+    }
 }
 
 void FindSign::insertPending()

@@ -3,10 +3,12 @@
 #include <QFrame>
 #include <QPointer>
 #include <QWidget>
+#include <string>
 #include <vector>
 
 #include "base/SignRepertoire.hpp"
 
+class QAction;
 class QLineEdit;
 class QListWidget;
 
@@ -23,8 +25,10 @@ class FindSign : public QWidget {
     FindSign(Desktop& desktop, QWidget& stage, QWidget* parent);
 
     /// Moves the focus into the field; `typed`, if not empty, becomes its text. Escape moves the focus back.
-    ///
     void start(const QString& typed = {});
+
+    /// Draws the symbols of the field in its present colours.
+    void showIcons();
 
     /// Inserts the sign chosen in the list, if the user is choosing one now.
     void insertPending();
@@ -33,6 +37,8 @@ class FindSign : public QWidget {
     [[nodiscard]] const QLineEdit* field() const { return field_; }
 
   signals:
+    /// The user has chosen the sign `code` in the list, and it was inserted.
+    void inserted(const std::string& code);
     /// Enter was pressed in the empty field: the user has typed all signs.
     void finished();
     /// No sign fits `text`: the user looks it up in the dictionary.
@@ -53,6 +59,8 @@ class FindSign : public QWidget {
     QWidget& stage_;
     QLineEdit* field_;
     QListWidget* list_;
+    QAction* search_ = nullptr;  ///< the magnifier, for the eye alone
+    QAction* clear_ = nullptr;
     std::vector<const SignInfo*> found_;
     QPointer<QWidget> before_;
 };

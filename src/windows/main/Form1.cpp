@@ -18,6 +18,7 @@
 #include "base/SignRepertoire.hpp"
 #include "windows/InsertionWindow.hpp"
 #include "windows/TranslatedWordsWindow.hpp"
+#include "windows/main/FindSign.hpp"
 #include "windows/main/Keyboard.hpp"
 #include "windows/main/PageBox.hpp"
 #include "windows/signs/SignButton.hpp"
@@ -27,6 +28,7 @@
 #include "windows/support/Icons.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/Theme.hpp"
+#include "windows/support/WindowColours.hpp"
 #include "windows/support/WindowSet.hpp"
 
 namespace karvel {
@@ -43,6 +45,7 @@ QString Form1::gardinerRange(const std::string& first, const std::string& last)
 Form1::Form1(Desktop& desktop, WindowSet& windows) : desktop_(desktop), windows_(windows)
 {
     setObjectName(QStringLiteral("Form1"));
+    windowColours_ = std::make_unique<WindowColours>(desktop_);
     setWindowTitle(QStringLiteral("Karvel - Dizionario geroglifico-italiano"));
     buildMenus();
     buildCentre();
@@ -152,6 +155,8 @@ void Form1::showIcons()
     for (const auto& [button, symbol] : symbols_) {
         button->setIcon(symbolIcon(symbol, ink));
     }
+    find_->showIcons();
+    elenco_->setIcon(symbolIcon(Symbol::List, ink));
     command12_->setIcon(symbolIcon(Symbol::Search, command12_->palette().color(QPalette::ButtonText)));
 }
 
@@ -173,6 +178,8 @@ void Form1::showPalette()
     const Palette& shown = desktop_.session().palette();
     for (std::size_t i = 0; i < tasto_.size(); ++i) {
         tasto_[i]->setSign(shown.picture(i), shown.codeOf(i));
+        // Whatever is pressed next takes the mark away.
+        tasto_[i]->setMarked(shown.codeOf(i) == pointedAt_ && shown.CurrentSignCode() == pointedAt_);
     }
     if (prepared_ != desktop_.session().images().path(signCode(shown.CurrentPage(), 0))) {
         pageTurned_.start();
@@ -181,6 +188,14 @@ void Form1::showPalette()
         text1_->setText(qtext(shown.pageText()));
     }
     pageRange_->setText(gardinerRange(shown.codeOf(0), shown.codeOf(kKeys - 1)));
+}
+
+/// Turns to the page of `code` and marks its key, so that the user learns where the sign is.
+void Form1::pointAt(const std::string& code)
+{
+    pointedAt_ = code;
+    hScroll1_->setValue(static_cast<int>(kCategories.find(code.front())) + 1);
+    showPalette();
 }
 
 /// Scales the signs of all pages in the background; the pages next to the current one come first.

@@ -31,6 +31,7 @@ class PageBox;
 class SignButton;
 class SignCell;
 class SquareGrid;
+class WindowColours;
 class WindowSet;
 
 /// The main window: palette, display line, favourites strip, menus.
@@ -97,6 +98,7 @@ class Form1 : public QMainWindow {
     void showIcons();
     void showDisplay();
     void showPalette();
+    void pointAt(const std::string& code);
     void preparePages();
     [[nodiscard]] static QString gardinerRange(const std::string& first, const std::string& last);
     void showFavourites();
@@ -118,8 +120,10 @@ class Form1 : public QMainWindow {
     QToolButton* cdx_ = nullptr;
     QToolButton* deleteSign_ = nullptr;
     QPushButton* command12_ = nullptr;
+    QPushButton* elenco_ = nullptr;
     std::array<SignButton*, kFavourites> cmd_{};
-    QLabel* noFavourites_ = nullptr;  ///< shown while the strip is empty
+    QWidget* slots_ = nullptr;        ///< the eight places of the strip; hidden while it is empty
+    QLabel* noFavourites_ = nullptr;  ///< shown in their place
     QLabel* label2_ = nullptr;
     std::array<QToolButton*, 5> panel_{};  ///< the buttons that delete favourites
     SquareGrid* keys_ = nullptr;
@@ -127,10 +131,12 @@ class Form1 : public QMainWindow {
     QScrollBar* hScroll1_ = nullptr;
     PageBox* text1_ = nullptr;
     QLabel* pageRange_ = nullptr;
-    std::string prepared_;  ///< the first picture of the page for which preparePages ran last
-    QTimer pageTurned_;     ///< starts preparePages when a page has been shown for a moment
+    std::string prepared_;   ///< the first picture of the page for which preparePages ran last
+    std::string pointedAt_;  ///< the sign that "Trova segno" inserted last
+    QTimer pageTurned_;      ///< starts preparePages when a page has been shown for a moment
     FindSign* find_ = nullptr;
     std::unique_ptr<Keyboard> keyboard_;
+    std::unique_ptr<WindowColours> windowColours_;
     std::array<QLabel*, 3> panels_{};
     std::vector<std::pair<QToolButton*, Symbol>> symbols_;  ///< the buttons with a symbol
     std::vector<QAction*> modeItems_;                       ///< of the six search modes

@@ -39,16 +39,18 @@ QWidget* Form1::favouriteKeys()
     strip->setFrameShape(QFrame::StyledPanel);
     auto* const layers = new QGridLayout(strip);
     layers->setContentsMargins(2, 2, 2, 2);
-    noFavourites_ = new QLabel(QStringLiteral("Nessun preferito: F4 inserisce il segno scelto per ultimo,\n"
-                                              "il menu Preferiti mostra le pagine pronte"),
-                               strip);
-    noFavourites_->setAlignment(Qt::AlignCenter);
+    noFavourites_ =
+        new QLabel(QStringLiteral("Nessun preferito: F4 inserisce il segno scelto per ultimo"), strip);
+    noFavourites_->setToolTip(QStringLiteral("il menu Preferiti mostra le pagine pronte"));
+    noFavourites_->setContentsMargins(kGap, 0, kGap, 0);
     layers->addWidget(noFavourites_, 0, 0);
-    auto* const keys = new QHBoxLayout;
-    layers->addLayout(keys, 0, 0);
+    slots_ = new QWidget(strip);
+    layers->addWidget(slots_, 0, 0);
+    auto* const keys = new QHBoxLayout(slots_);
+    keys->setContentsMargins(0, 0, 0, 0);
     keys->setSpacing(3);
     for (std::size_t i = 0; i < cmd_.size(); ++i) {
-        cmd_[i] = new SignButton(desktop_.pictures(), strip);
+        cmd_[i] = new SignButton(desktop_.pictures(), slots_);
         cmd_[i]->setObjectName(element("Cmd", i));
         cmd_[i]->setAccessibleName(QStringLiteral("preferito %1").arg(i + 1));
         cmd_[i]->setMinimumSize(kSmallestSide, kSmallestSide);
@@ -145,6 +147,7 @@ void Form1::showFavourites()
         cmd_[i]->setText(qtext(key.caption));
         cmd_[i]->setVisible(key.visible);
     }
+    slots_->setVisible(!favourites.empty());
     noFavourites_->setVisible(favourites.empty());
     for (QToolButton* const key : panel_) {
         key->setVisible(favourites.panelVisible());

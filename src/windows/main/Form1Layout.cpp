@@ -31,9 +31,11 @@ namespace karvel {
 
 namespace {
 
-constexpr int kGap = 8;          // logical pixels between the parts of the window
-constexpr int kLowScreen = 450;  // logical pixels: below this height every gap counts
-constexpr int kPageRests = 150;  // milliseconds without a page turn before other pages are scaled
+constexpr int kGap = 8;           // logical pixels between the parts of the window
+constexpr int kLowScreen = 450;   // logical pixels: below this height every gap counts
+constexpr int kLargestKey = 110;  // logical pixels: a larger sign is no easier to read
+constexpr int kWidestGap = 48;    // between the keys of a large window
+constexpr int kPageRests = 150;   // milliseconds without a page turn before other pages are scaled
 
 QLabel* label(const char* name, QWidget* parent)
 {
@@ -90,9 +92,9 @@ QWidget* Form1::displayLine()
     picture1_->setFocusProxy(vendol_.front());
     desktop_.setDisplay(*picture1_);
     hint_ = label("hint", picture1_);
-    hint_->setText(
-        QStringLiteral("Premete i segni della tavolozza, oppure scrivete un valore (nfr)\n"
-                       "o una parola (gufo) e premete Invio. Poi premete Cerca."));
+    hint_->setText(QStringLiteral(
+        "Premete i segni della tavolozza, oppure scrivete un valore (nfr)\n"
+        "o una parola (gufo) e premete Invio. Poi premete Cerca, o Elenco per tutte le voci."));
     hint_->setAlignment(Qt::AlignCenter);
     hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
     auto* const framed = new QGridLayout(picture1_);
@@ -127,16 +129,17 @@ QBoxLayout* Form1::displayButtons()
     command12_->setToolTip(QStringLiteral("traduce i geroglifici del display"));
     command12_->setAccessibleName(QStringLiteral("cerca nel dizionario"));
     command12_->setIconSize({24, 24});
-    command12_->setMinimumWidth(150);
+    command12_->setMinimumWidth(120);
     connect(command12_, &QPushButton::clicked, this,
             [this, &session] { desktop_.handle([&session] { session.search(); }); });
 
-    auto* const list = new QPushButton(QStringLiteral("Elenco"), centre_);
-    list->setObjectName(QStringLiteral("Elenco"));
-    list->setToolTip(QStringLiteral("tutte le voci in un elenco (Ctrl+Invio)"));
-    list->setAccessibleName(QStringLiteral("elenco delle voci"));
-    list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-    connect(list, &QPushButton::clicked, this,
+    elenco_ = new QPushButton(QStringLiteral("Elenco"), centre_);
+    elenco_->setObjectName(QStringLiteral("Elenco"));
+    elenco_->setToolTip(QStringLiteral("tutte le voci in un elenco (Ctrl+Invio)"));
+    elenco_->setAccessibleName(QStringLiteral("elenco delle voci"));
+    elenco_->setIconSize({24, 24});
+    elenco_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    connect(elenco_, &QPushButton::clicked, this,
             [this] { desktop_.handle([this] { Voci::openFromMenu(desktop_, windows_); }); });
 
     deleteSign_ = button("Command4", Symbol::DeleteSign, QStringLiteral("cancella geroglifico selezionato"),
@@ -144,7 +147,7 @@ QBoxLayout* Form1::displayButtons()
     auto* const row = new QHBoxLayout;
     row->setSpacing(kGap / 2);
     row->addWidget(command12_);
-    row->addWidget(list);
+    row->addWidget(elenco_);
     row->addSpacing(kGap * 2);
     row->addWidget(button("Command1", Symbol::Start, QStringLiteral("vai a inizio frase"),
                           [&display] { display.startOfPhrase(); }));
@@ -167,6 +170,7 @@ QBoxLayout* Form1::displayButtons()
 QBoxLayout* Form1::pageLine()
 {
     Palette& palette = desktop_.session().palette();
+    find_ = new FindSign(desktop_, *keys_, centre_);
     text1_ = new PageBox(centre_);
     text1_->setObjectName(QStringLiteral("Text1"));
     text1_->setAccessibleName(QStringLiteral("lettera della pagina"));
@@ -188,6 +192,7 @@ QBoxLayout* Form1::pageLine()
         widest = std::max(widest, pageRange_->fontMetrics().horizontalAdvance(text));
     }
     pageRange_->setFixedWidth(widest + 2);
+    pageRange_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     connect(hScroll1_, &QScrollBar::sliderMoved, this,
             [this, &palette](int value) { desktop_.handle([&palette, value] { palette.scrolled(value); }); });
     connect(hScroll1_, &QScrollBar::valueChanged, this,
@@ -202,14 +207,14 @@ QBoxLayout* Form1::pageLine()
             [this, &palette] { hScroll1_->setValue(palette.CurrentPage()); });
     auto* const row = new QHBoxLayout;
     row->setSpacing(kGap);
+    row->addWidget(find_);
     row->addWidget(text1_);
     row->addWidget(hScroll1_, 1);
     row->addWidget(pageRange_);
-    find_ = new FindSign(desktop_, *keys_, centre_);
+    connect(find_, &FindSign::inserted, this, &Form1::pointAt);
     connect(find_, &FindSign::finished, command12_, &QPushButton::click);
     connect(find_, &FindSign::wordWanted, this,
             [this](const QString& text) { windows_.open<TrovaParola>().start(text); });
-    row->addWidget(find_);
     return row;
 }
 
@@ -226,6 +231,8 @@ void Form1::buildCentre()
     keys_ = new SquareGrid(0, centre_);
     keys_->setObjectName(QStringLiteral("palette"));
     keys_->setAccessibleName(QStringLiteral("tavolozza dei segni"));
+    keys_->setLargestSide(kLargestKey);
+    keys_->fillWidth(kWidestGap);
     for (std::size_t i = 0; i < tasto_.size(); ++i) {
         tasto_[i] = new SignButton(desktop_.pictures(), keys_);
         tasto_[i]->setObjectName(element("tasto", i));
@@ -245,8 +252,8 @@ void Form1::buildCentre()
     column->addWidget(displayLine());
     column->addLayout(displayButtons());
     column->addLayout(favouritesStrip());
-    column->addWidget(keys_, 1);
     column->addLayout(pageLine());
+    column->addWidget(keys_, 1);
     setCentralWidget(centre_);
 }
 

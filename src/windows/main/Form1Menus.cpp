@@ -20,6 +20,7 @@
 #include "windows/VociWindow.hpp"
 #include "windows/main/FindSign.hpp"
 #include "windows/main/Form1.hpp"
+#include "windows/main/HistoryMenu.hpp"
 #include "windows/signs/SignMenu.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
@@ -143,6 +144,7 @@ void Form1::buildMenus()
     addMenu(favouritesMenu());
     modeItems_ = addMenu(searchMenu());
     modeItems_.resize(kModes);  // the items behind the modes have no tick
+    findChild<QMenu*>(QStringLiteral("Ricerca"))->addMenu(new HistoryMenu(desktop_, windows_, this));
     addMenu({"fonemi",
              QStringLiteral("&Tabelle"),
              {{"ins", QStringLiteral("&Alfabeto"), [this] { windows_.open<Form2>(); }},

@@ -8,13 +8,14 @@
 #include "windows/signs/PhraseFit.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
-#include "windows/support/Theme.hpp"
 
 namespace karvel {
 
 namespace {
 
-constexpr int kBlock = 23;  // height of a block of signs, logical pixels
+// Logical pixels.
+constexpr int kBlock = 23;      // height of a block of signs
+constexpr int kReadable = 140;  // width of the text
 
 }  // namespace
 
@@ -28,9 +29,12 @@ PhraseNote::PhraseNote(Desktop& desktop, QWidget* parent) : QWidget(parent), des
 
 void PhraseNote::showPhrase()
 {
-    const std::string& codes = desktop_.session().display().DisplayCodes();
+    const DisplayLine& display = desktop_.session().display();
+    const std::string& codes = display.DisplayCodes();
     const std::size_t count = codes.size() / kCodeLength;
-    const QString text = codes.empty() ? QString()
+    // While nothing at all is shown, the display itself says how to begin.
+    const bool blank = std::ranges::all_of(display.cells(), &DisplayLine::Cell::blank);
+    const QString text = codes.empty() ? (blank ? QString() : QStringLiteral("Frase: vuota"))
                                        : QStringLiteral("Frase: %1 (%2)")
                                              .arg(qtext(gardinerOf(codes)),
                                                   count == 1 ? QStringLiteral("1 segno")
@@ -42,8 +46,8 @@ void PhraseNote::showPhrase()
     update();
 }
 
-/// The text takes the width that it needs, up to half; the signs stand before it in blocks, the last ones
-/// when there are too many.
+/// The text takes the width that it needs, up to half, or more where that is too little to read. The signs
+/// stand before it in blocks, the last ones when there are too many.
 void PhraseNote::paintEvent(QPaintEvent* /*event*/)
 {
     if (text_.isEmpty()) {
@@ -51,13 +55,14 @@ void PhraseNote::paintEvent(QPaintEvent* /*event*/)
     }
     constexpr int kGap = 8;
     QPainter painter(this);
-    const int textWidth = std::min(fontMetrics().horizontalAdvance(text_) + 2, width() / 2);
-    const qreal room = width() - textWidth - kGap;
+    const int textWidth =
+        std::min({fontMetrics().horizontalAdvance(text_) + 2, std::max(kReadable, width() / 2), width()});
+    const qreal free = width() - textWidth - kGap;
     const PhraseLook look{.ink = palette().color(QPalette::WindowText)};
-    const std::string shown = signsThatFit(codes_, Shown::End, room, kBlock, look, desktop_);
+    const std::string shown = signsThatFit(codes_, Shown::End, free, kBlock, look, desktop_);
     const qreal wanted = phraseSize(shown, kBlock, look, desktop_).width();
-    if (wanted <= room) {
-        paintPhrase(painter, {room - wanted, 0, wanted, 1.0 * height()}, shown, kBlock, look, desktop_);
+    if (wanted <= free) {
+        paintPhrase(painter, {free - wanted, 0, wanted, 1.0 * height()}, shown, kBlock, look, desktop_);
     }
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(QRect(width() - textWidth, 0, textWidth, height()), Qt::AlignVCenter | Qt::AlignLeft,

@@ -62,6 +62,16 @@ void SignButton::setSign(const std::string& systemPath, const std::string& code,
     update();
 }
 
+void SignButton::setMarked(bool marked)
+{
+    if (marked_ == marked) {
+        return;
+    }
+    marked_ = marked;
+    setAccessibleDescription(marked ? QStringLiteral("segno trovato") : QString());
+    update();
+}
+
 void SignButton::enterEvent(QEnterEvent* event)
 {
     QAbstractButton::enterEvent(event);
@@ -96,6 +106,8 @@ void SignButton::paintEvent(QPaintEvent* /*event*/)
         face = between(surface, kAccent, 0.35);
     } else if (underMouse() && isEnabled()) {
         face = between(surface, QColor(255, 255, 255), 0.55);
+    } else if (marked_ && !strongContrast()) {
+        face = between(surface, kSelection, 0.35);
     }
     painter.drawPixmap(0, 0, keyFace(size(), devicePixelRatioF(), face, outlineOn(surface, 0.28)));
 
@@ -112,9 +124,9 @@ void SignButton::paintEvent(QPaintEvent* /*event*/)
         painter.setPen(inkOn(kSelection));
         painter.drawText(band, Qt::AlignCenter, QAbstractButton::text());
     }
-    if (hasFocus()) {
+    if (hasFocus() || marked_) {
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(focusPen(surface));
+        painter.setPen(hasFocus() || strongContrast() ? focusPen(surface) : QPen(kSelection, 2));
         painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 4, 4);
     }
 }

@@ -21,6 +21,9 @@ class SignButton : public QAbstractButton {
     ///
     void setSign(const std::string& systemPath, const std::string& code, bool codeAsText = false);
 
+    /// Marks the key as that of the sign found last.
+    void setMarked(bool marked);
+
     [[nodiscard]] const std::string& picturePath() const { return path_; }
     [[nodiscard]] const std::string& code() const { return code_; }
 
@@ -42,6 +45,7 @@ class SignButton : public QAbstractButton {
     std::string path_;
     std::string code_;
     bool codeAsText_ = false;
+    bool marked_ = false;
 };
 
 }  // namespace karvel

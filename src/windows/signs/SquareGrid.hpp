@@ -5,7 +5,8 @@
 
 namespace karvel {
 
-/// Lays its keys out in rows of equal squares, as large as its own size allows.
+/// Lays its keys out in rows of equal squares, as large as its own size allows. The Tab key stops once in the
+/// grid, at the key that had the focus last; the arrow keys move in it.
 class SquareGrid : public QWidget {
     Q_OBJECT
 
@@ -23,6 +24,10 @@ class SquareGrid : public QWidget {
     /// false for any other key. At an edge the focus stays.
     bool moveFocus(QWidget* from, int key);
 
+    /// Where the squares leave space, the gaps between them grow, at most to `widestGap` logical pixels, so
+    /// that the rows begin and end at the grid's edges.
+    void fillWidth(int widestGap) { widestGap_ = widestGap; }
+
     /// No square is drawn larger than this, in logical pixels.
     void setLargestSide(int side) { largestSide_ = side; }
 
@@ -31,14 +36,19 @@ class SquareGrid : public QWidget {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void arrange();
+    void stopAt(QWidget& key);
+    [[nodiscard]] qreal gap(int length, int side, int count) const;
 
     int rows_;
     int columns_ = 1;
     int largestSide_ = 400;
+    int widestGap_ = 0;  ///< 0: the gaps do not grow, and the squares stand in the middle
     std::vector<QWidget*> keys_;
+    QWidget* stop_ = nullptr;  ///< the key at which Tab stops
 };
 
 }  // namespace karvel

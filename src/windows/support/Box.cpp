@@ -69,6 +69,7 @@ void Box::showText(QString text)
 {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    ensurePolished();              // the view takes its colours from the box
     setTextFormat(Qt::PlainText);  // an entry may contain what looks like markup
     setText(text);
     // The toolkit's label neither breaks a long word nor scrolls: a view takes its place.

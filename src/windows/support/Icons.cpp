@@ -48,6 +48,18 @@ QPainterPath lens(bool plus)
     return path;
 }
 
+QPainterPath lines()
+{
+    QPainterPath path;
+    for (const qreal y : {6.0, 12.0, 18.0}) {
+        path.moveTo(4, y);
+        path.lineTo(4.5, y);
+        path.moveTo(9, y);
+        path.lineTo(21, y);
+    }
+    return path;
+}
+
 QPainterPath bin()
 {
     QPainterPath path;
@@ -129,6 +141,8 @@ void draw(QPainter& painter, Symbol symbol, const QColor& ink)
             return painter.drawPath(bookWithPlus());
         case Symbol::Search:
             return painter.drawPath(lens(false));
+        case Symbol::List:
+            return painter.drawPath(lines());
         case Symbol::Cross:
             return painter.drawPath(cross(12, 12, 6));
     }

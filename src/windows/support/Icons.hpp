@@ -16,6 +16,7 @@ enum class Symbol {
     Magnify,
     AddToDictionary,
     Search,
+    List,
     Cross,
     Bin,
 };

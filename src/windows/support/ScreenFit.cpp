@@ -13,6 +13,7 @@ namespace {
 // Logical pixels of the window manager's frame, which is not known before the window is shown.
 constexpr int kBorder = 4;
 constexpr int kTitleBar = 36;
+constexpr int kWidestTool = 1300;  // logical pixels: a wider list has its columns too far apart
 
 }  // namespace
 
@@ -36,7 +37,8 @@ void keepOnScreen(QWidget& window)
 void placeOverPalette(QWidget& window, const QWidget& main, QSize usual)
 {
     const QRect area = usableArea(main);
-    window.resize(usual.boundedTo(area.size() * 9 / 10));
+    const QSize large(std::min(kWidestTool, main.width() * 8 / 10), main.height() * 6 / 10);
+    window.resize(usual.expandedTo(large).boundedTo(area.size() * 9 / 10));
     window.move(main.geometry().center().x() - window.width() / 2,
                 std::min(main.geometry().bottom(), area.bottom()) - window.height());
     keepOnScreen(window);

@@ -15,8 +15,8 @@ namespace karvel {
 /// Makes the window no larger than that, and moves it wholly onto the screen if it was placed.
 void keepOnScreen(QWidget& window);
 
-/// Gives the window the size `usual` and places it over the palette of `main`, so that the display stays
-/// visible.
+/// Gives the window the size `usual`, or a larger one where `main` is large, and places it over the palette
+/// of `main`, so that the display stays visible.
 void placeOverPalette(QWidget& window, const QWidget& main, QSize usual);
 
 /// Calls keepOnScreen for every window and dialog of the program at the moment in which it is shown.

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
 #include <optional>
 
 #include "base/WindowsHeader.hpp"
@@ -10,6 +11,10 @@
 namespace karvel {
 
 namespace {
+
+// Of the wide icons in a menu, logical pixels.
+constexpr int kIconMargin = 6;
+constexpr int kIconHeight = 28;
 
 #ifdef Q_OS_WIN
 bool systemAsksForContrast()
@@ -43,6 +48,20 @@ void frame(QPainter& painter, const QStyleOption& option)
     painter.restore();
 }
 
+/// The item of a menu that has wide icons, without its icon but with the space for it; nothing for any other.
+std::optional<QStyleOptionMenuItem> withSpaceForIcon(const QStyleOption* option, const QWidget* widget)
+{
+    const int width = widget == nullptr ? 0 : widget->property(kIconWidth).toInt();
+    const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (item == nullptr || width == 0) {
+        return std::nullopt;
+    }
+    QStyleOptionMenuItem wide = *item;
+    wide.icon = {};
+    wide.maxIconWidth = width + 2 * kIconMargin;
+    return wide;
+}
+
 }  // namespace
 
 void adoptContrastTheme()
@@ -54,7 +73,7 @@ void adoptContrastTheme()
     const bool inverse = theme.contains("Inverse") || theme.endsWith(":dark");
     const QColor paper = inverse ? Qt::black : Qt::white;
     const QColor ink = inverse ? Qt::white : Qt::black;
-    const QColor faint = between(paper, ink, 0.55);
+    const QColor faint = between(paper, ink, 0.7);
     QPalette palette(ink, paper, ink, ink, faint, ink, ink, paper, paper);
     palette.setColor(QPalette::Highlight, ink);
     palette.setColor(QPalette::HighlightedText, paper);
@@ -127,6 +146,37 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
     return metric == PM_MessageBoxIconSize ? kMessageIcon : QProxyStyle::pixelMetric(metric, option, widget);
 }
 
+QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                              const QWidget* widget) const
+{
+    if (type == CT_MenuItem) {
+        if (const auto wide = withSpaceForIcon(option, widget)) {
+            const QSize size = QProxyStyle::sizeFromContents(type, &*wide, contents, widget);
+            const auto& item = static_cast<const QStyleOptionMenuItem&>(*option);
+            return item.icon.isNull() ? size : size.expandedTo({0, kIconHeight + kIconMargin});
+        }
+    }
+    return QProxyStyle::sizeFromContents(type, option, contents, widget);
+}
+
+void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                        const QWidget* widget) const
+{
+    if (element == CE_MenuItem) {
+        if (const auto wide = withSpaceForIcon(option, widget)) {
+            QProxyStyle::drawControl(element, &*wide, painter, widget);
+            const auto& item = static_cast<const QStyleOptionMenuItem&>(*option);
+            const int height = std::min(kIconHeight, item.rect.height());
+            const QRect place(item.rect.left() + kIconMargin, item.rect.center().y() - height / 2,
+                              wide->maxIconWidth - 2 * kIconMargin, height);
+            const bool chosen = item.state.testFlag(State_Selected);
+            item.icon.paint(painter, place, Qt::AlignCenter, chosen ? QIcon::Selected : QIcon::Normal);
+            return;
+        }
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
 /// The base style derives its frames from the surface colour; on black they are invisible.
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const
@@ -140,6 +190,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         case PE_FrameGroupBox:
         case PE_IndicatorCheckBox:
         case PE_FrameMenu:
+        case PE_PanelMenu:
             if (strongContrast()) {
                 frame(*painter, *option);
             }
@@ -181,7 +232,9 @@ QPalette paletteFor(const QColor& window)
         palette.setColor(group, QPalette::ButtonText, between(button, inkOn(button), strength));
         palette.setColor(group, QPalette::Base, base);
         palette.setColor(group, QPalette::Text, between(base, inkOn(base), strength));
-        palette.setColor(group, QPalette::PlaceholderText, between(base, inkOn(base), 0.55));
+        palette.setColor(group, QPalette::PlaceholderText, between(base, inkOn(base), 0.7));
+        palette.setColor(group, QPalette::Link,
+                         dark ? between(kAccent, QColor(255, 255, 255), 0.6) : kAccent);
         palette.setColor(group, QPalette::Highlight, kAccent);
         palette.setColor(group, QPalette::HighlightedText, QColor(255, 255, 255));
         palette.setColor(group, QPalette::ToolTipBase, QColor(255, 255, 240));

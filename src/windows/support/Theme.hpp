@@ -33,6 +33,10 @@ void adoptContrastTheme();
 /// is the system's own palette.
 [[nodiscard]] QPalette paletteFor(const QColor& window);
 
+/// The property of a menu that says how wide the icons of its items are, in logical pixels. Without it they
+/// are small squares.
+inline constexpr char kIconWidth[] = "iconWidth";
+
 /// The style of the program on every system. The native styles do not take the colours that the user
 /// chooses.
 class Style : public QProxyStyle {
@@ -41,6 +45,10 @@ class Style : public QProxyStyle {
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* returned) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,

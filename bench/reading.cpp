@@ -1,5 +1,5 @@
 // Measures the reader on passages whose words are known: rates DICTIONARY MODEL PASSAGES. The passages are
-// one a line, as `tools/make-model --hold-out` writes them: period, tab, words parted by blanks, each
+// one a line, as `tools/make-model --hold-out` writes them: period, tab, words separated by blanks, each
 // "codes|transliteration".
 
 #include <algorithm>

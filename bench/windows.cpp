@@ -1,6 +1,7 @@
 // Measures what a person waits for in the windows: a page turned, a sign inserted, a letter typed into the
-// sign finder, a whole phrase typed and taken back, the list of Italian words. Each figure is from the call
-// to the painted picture, in milliseconds: median and worst.
+// sign finder, a whole phrase typed and taken back, the list of Italian words, the list of all answers, a
+// letter typed into "Trova parola". Each figure is from the call to the painted picture, in milliseconds:
+// median and worst.
 #include <QAbstractButton>
 #include <QElapsedTimer>
 #include <QLineEdit>
@@ -13,7 +14,16 @@
 #include <iterator>
 #include <vector>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
+#include "base/SignRepertoire.hpp"
+#include "dictionary/WordFinder.hpp"
 #include "windows/ItalianWindow.hpp"
+#include "windows/TrovaParola.hpp"
+#include "windows/VociWindow.hpp"
+#include "windows/signs/AnswerList.hpp"
 #include "windows/support/Stage.hpp"
 #include "windows/support/Theme.hpp"
 
@@ -27,7 +37,7 @@ double timed(const std::function<void()>& action)
     QElapsedTimer timer;
     timer.start();
     action();
-    QApplication::processEvents();  // paints what the action asked to be painted, once
+    QApplication::processEvents();  // one repaint for all changes of the action
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
@@ -68,6 +78,62 @@ void turnPages(const char* what, int look, int wait = 0)
         times.push_back(timed([&] { scroll->setValue(page); }));
     }
     report(what, times);
+}
+
+/// All entries with N35, which most words have, and a page of them after the other.
+void listAnswers(Stage& stage)
+{
+    const std::string code = SignRepertoire::standard().byGardiner("N35")->code;
+    std::vector<double> lists;
+    std::vector<double> pages;
+    for (int i = 0; i < 9; ++i) {
+        lists.push_back(
+            timed([&] { stage.windows().open<Voci>().list(Mode::Contains, i % 2 == 0 ? code : "a01"); }));
+        if (i % 2 == 1) {
+            lists.pop_back();  // only there so that every list of N35 replaces another
+        }
+    }
+    auto* const list = control<AnswerList>(stage.windows().opened<Voci>(), QStringLiteral("VociLista"));
+    for (int page = 0; page < 100; ++page) {
+        pages.push_back(timed([&] { QTest::keyClick(list, Qt::Key_PageDown); }));
+    }
+    report(("elenco di N35, " + std::to_string(list->answers().rowCount()) + " righe").c_str(), lists);
+    report("elenco, una pagina più giù", pages);
+    stage.windows().opened<Voci>()->close();
+}
+
+/// Every key of some words of each kind.
+void typeWords(Stage& stage)
+{
+    auto& window = stage.windows().open<TrovaParola>();
+    auto* const field = control<QLineEdit>(&window, QStringLiteral("TrovaCampo"));
+    report("Trova parola, prima lettera", {timed([&] { window.start(QStringLiteral("a")); })});
+    QTest::qWait(2000);  // the rest of the dictionary is folded
+    std::vector<double> keys;
+    for (const char* const word :
+         {"amare",       "re",      "casa",      "figlio del re", "bello", "acqua", "nfr",
+          "Htp-di-nswt", "pr",      "anx",       "n*r",           "mAa",   "F35",   "F35 I9 D21",
+          "F35 + D21",   "offerta", "sacerdote", "città",         "zA",    "egitto"}) {
+        field->clear();
+        QApplication::processEvents();
+        for (const QChar letter : QString::fromUtf8(word)) {
+            keys.push_back(timed([&] { field->insert(letter); }));
+        }
+    }
+    report("Trova parola, ogni lettera", keys);
+    window.close();
+}
+
+/// What the folded dictionary takes of the memory.
+void measureFinder(const FileSystem& files)
+{
+#ifdef __GLIBC__
+    const std::size_t before = mallinfo2().uordblks;
+    WordFinder finder(files);
+    finder.search("xyz")->readAll();
+    std::printf("%-34s %7.1f MB\n", "memoria di Trova parola",
+                static_cast<double>(mallinfo2().uordblks - before) / 1e6);
+#endif
 }
 
 }  // namespace
@@ -120,5 +186,9 @@ int main(int argc, char** argv)
         }
         report(what, lists);
     }
+    stage.drive().write("C:\\programmi\\Karvel\\dizio.txt", shippedDictionary());
+    listAnswers(stage);
+    typeWords(stage);
+    measureFinder(stage.session().files());
     return 0;
 }

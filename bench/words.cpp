@@ -165,7 +165,7 @@ bool listing()
             lines = wordList(reader).size();
         }));
     }
-    // Whatever else the machine does can only add to a round.
+    // Other work on the machine can only make a round longer.
     const double fastest = std::ranges::min(times);
     std::printf("word list of %zu translations: %zu lines in %.1f ms, median %.1f ms (limit 1000)\n",
                 kTranslations, lines, fastest, median(times));

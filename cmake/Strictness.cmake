@@ -12,6 +12,6 @@ if(KARVEL_FUZZ)
     if(NOT CMAKE_CXX_COMPILER_ID STREQUAL Clang)
         message(FATAL_ERROR "the fuzz targets need clang (the preset fuzz asks for it)")
     endif()
-    # The program's code tells the fuzzer where it has been; the library's own checks are on as well.
+    # Coverage of the program's code guides the fuzzer; the checks of the standard library are on too.
     target_compile_options(karvel_strictness INTERFACE -fsanitize=fuzzer-no-link -D_GLIBCXX_ASSERTIONS)
 endif()

@@ -147,7 +147,7 @@ void offerEdition(const FileSystem& files, UserInterface& ui)
         }
         files.replace(kEditionAnswerPath, answer);
     } catch (const RuntimeError&) {
-        // Whatever cannot be read is told by what needs it; an answer that could not be kept is asked again.
+        // A file that cannot be read is reported by the part that needs it. An answer that was not saved is asked again.
     }
 }
 

@@ -22,22 +22,6 @@ std::string_view nameOf(Mode mode)
     return kNames[static_cast<std::size_t>(mode) - 1];
 }
 
-void addWords(const FileSystem& files, UserInterface& ui, EntryList& list)
-{
-    std::string_view left = list.phrase;
-    for (std::size_t order = 0; !left.empty(); ++order) {
-        RecordReader reader(openDictionary(files, ui));
-        std::optional<Word> word = longestWord(reader, left);
-        if (!word) {
-            break;
-        }
-        left.remove_prefix(word->length);
-        list.answers.add(
-            {.entry = std::make_shared<DictionaryEntry>(std::move(word->entry)), .order = order});
-    }
-    list.rest = left;
-}
-
 std::string csvField(std::string_view field)
 {
     std::string text = "\"";
@@ -84,35 +68,54 @@ void forEach(const Answers& answers, const Row& row)
 
 }  // namespace
 
-std::string EntryList::heading() const
+EntryList::EntryList(const FileSystem& files, Mode mode, std::string_view phrase)
+    : files_(files), mode_(mode), phrase_(phrase), left_(phrase_)
 {
-    return gardinerOf(phrase) + " · " + std::string(nameOf(mode)) + " · " + answers.counts();
 }
 
-EntryList listEntries(const FileSystem& files, UserInterface& ui, Mode mode, std::string_view phrase)
+bool EntryList::step()
 {
-    const BusyPointer hourglass(ui);
-    EntryList list{.phrase = std::string(phrase), .mode = mode, .answers = {}, .rest = {}, .failure = {}};
-    try {
-        if (mode == Mode::Split) {
-            addWords(files, ui, list);
-        } else {
-            RecordReader reader(openDictionary(files, ui));
-            addMatches(reader, mode, phrase, list.answers);
-        }
-    } catch (const RuntimeError& error) {
-        list.failure = error;
-    } catch (const ReadingStopped&) {
-        // The user has seen enough: what was found so far is shown.
+    if (mode_ == Mode::Split) {
+        return splitOff();
     }
-    list.answers.sort(Answers::Order::BestFirst);
-    return list;
+    if (!matches_) {
+        reader_ = std::make_unique<RecordReader>(openFollowed(files_, kDictionaryPath, progress_));
+        matches_.emplace(*reader_, mode_, phrase_);
+    }
+    return matches_->step(found_);
+}
+
+/// Finds the next word of the phrase in one pass over the file.
+bool EntryList::splitOff()
+{
+    rest_ = left_;  // also when the pass fails
+    RecordReader reader(openFollowed(files_, kDictionaryPath, progress_));
+    std::optional<Word> word = longestWord(reader, left_);
+    if (!word) {
+        return false;
+    }
+    left_.remove_prefix(word->length);
+    rest_ = left_;
+    found_.push_back(
+        {.entry = std::make_shared<DictionaryEntry>(std::move(word->entry)), .order = found_.size()});
+    return !left_.empty();
+}
+
+std::string EntryList::heading(const Answers& shown) const
+{
+    return gardinerOf(phrase_) + " · " + std::string(nameOf(mode_)) + " · " + shown.counts();
 }
 
 std::string faultLine(const RuntimeError& failure)
 {
     return "Errore " + std::to_string(failure.value()) +
            " nel file dizio.txt: " + std::string(failure.text()) + ". L'elenco può essere incompleto.";
+}
+
+std::string stoppedLine(int percent, std::size_t found)
+{
+    return "Lettura interrotta al " + std::to_string(percent) + "% del dizionario: l'elenco ha " +
+           (found == 1 ? "la voce trovata" : "le " + std::to_string(found) + " voci trovate") + " fin lì.";
 }
 
 void showEntry(Session& session, const DictionaryEntry& entry)

@@ -1,33 +1,54 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/Session.hpp"
-#include "dictionary/Answers.hpp"
+#include "dictionary/AnswerSearch.hpp"
 
 namespace karvel {
 
 /// What the search button would show, as one list.
-struct EntryList {
-    std::string phrase;  ///< the sign codes asked for
-    Mode mode = Mode::Contains;
-    Answers answers;                      ///< best first; in the mode Split in the order of the phrase
-    std::string rest;                     ///< Split: the signs with which no word begins
-    std::optional<RuntimeError> failure;  ///< the fault of the file at which reading ended
+class EntryList : public AnswerSearch {
+  public:
+    /// Asks the dictionary for `phrase`, sign codes, not empty. `files` must outlive the object.
+    EntryList(const FileSystem& files, Mode mode, std::string_view phrase);
 
-    /// "F35 · Cerca simile · 144 parole, 271 voci".
-    [[nodiscard]] std::string heading() const;
+    /// Best first; in the mode Split in the order of the phrase.
+    [[nodiscard]] Answers answers() const override { return Answers::of(found_); }
+    [[nodiscard]] std::size_t found() const override { return found_.size(); }
+
+    /// Split: the signs with which no word begins, once the reading has ended.
+    [[nodiscard]] std::string rest() const override { return rest_; }
+
+    [[nodiscard]] int percent() const override { return progress_.percent(); }
+
+    /// "F35 · Cerca simile · 144 parole, 271 voci" for the answers shown.
+    [[nodiscard]] std::string heading(const Answers& shown) const;
+
+  private:
+    bool step() override;
+    bool splitOff();
+
+    const FileSystem& files_;
+    Mode mode_;
+    std::string phrase_;
+    std::string_view left_;  ///< Split: what is still to be split
+    std::string rest_;
+    std::vector<Answer> found_;
+    ReadingProgress progress_;
+    std::unique_ptr<RecordReader> reader_;
+    std::optional<PhraseMatches> matches_;
 };
-
-/// Asks the dictionary for `phrase`, not empty. A fault of the file and a stop by the user end the reading;
-/// the answers found before stay. Changes nothing in the session.
-[[nodiscard]] EntryList listEntries(const FileSystem& files, UserInterface& ui, Mode mode,
-                                    std::string_view phrase);
 
 /// A fault of the dictionary in one line.
 [[nodiscard]] std::string faultLine(const RuntimeError& failure);
+
+/// What is said of a reading that the user stopped at `percent` with so many answers found.
+[[nodiscard]] std::string stoppedLine(int percent, std::size_t found);
 
 /// Shows `entry` as a match of a search is shown, without its box: cells, last translation and note, picture.
 void showEntry(Session& session, const DictionaryEntry& entry);
@@ -36,13 +57,13 @@ void showEntry(Session& session, const DictionaryEntry& entry);
 /// False when they were refused. Throws like Palette::pressCodes.
 bool useSigns(Session& session, std::string_view codes);
 
-/// All spellings as a table for spreadsheets, UTF-8 with its mark, fields parted by ";" as they are here.
+/// All spellings as a table for spreadsheets, UTF-8 with its mark, fields separated by ";" as they are here.
 [[nodiscard]] std::string asCsv(const Answers& answers);
 
 /// All spellings as a page with the signs in Unicode.
 [[nodiscard]] std::string asHtml(const Answers& answers, std::string_view heading);
 
-/// One entry as the row of a table in HTML, and as plain text parted by tabs.
+/// One entry as the row of a table in HTML, and as plain text separated by tabs.
 [[nodiscard]] std::string htmlRow(const DictionaryEntry& entry);
 [[nodiscard]] std::string plainRow(const DictionaryEntry& entry);
 

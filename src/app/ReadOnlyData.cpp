@@ -6,7 +6,6 @@
 #include "compose/SignImages.hpp"
 #include "compose/UndoFile.hpp"
 #include "dictionary/SearchModes.hpp"
-#include "files/HeldFiles.hpp"
 #include "settings/Colours.hpp"
 
 namespace karvel {
@@ -15,11 +14,11 @@ void keepInMemoryWhatCannotBeWritten(const FileSystem& files, UserInterface& ui)
 {
     constexpr std::array kKept = {kUndoPath, kSearchModePath, kDisplayColourPath, kWindowColourPath,
                                   kGlyphDirectoryPath};
-    if (std::ranges::all_of(kKept, [&](std::string_view path) { return canReplace(files, path); })) {
+    if (std::ranges::all_of(kKept, [&](std::string_view path) { return files.canReplace(path); })) {
         return;
     }
     for (const std::string_view path : kKept) {
-        holdInMemory(files, path);
+        files.holdInMemory(path);
     }
     ui.ask({.title = "Attenzione",
             .text = "La directory dei dati C:\\programmi\\Karvel non si può scrivere.\n\n"

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "app/Arrangement.hpp"
+#include "app/Choices.hpp"
 #include "app/ModeSwitch.hpp"
 #include "app/WindowOpener.hpp"
 #include "base/Pictures.hpp"
@@ -49,6 +51,9 @@ class Session : private SplittingView {
     [[nodiscard]] TranslatedWords& translatedWords() { return translatedWords_; }
     [[nodiscard]] DictionaryInsertion& dictionaryInsertion() { return dictionaryInsertion_; }
     [[nodiscard]] ItalianSearch& italianSearch() { return italianSearch_; }
+    [[nodiscard]] Choices& choices() { return choices_; }
+    [[nodiscard]] Arrangement& arrangement() { return arrangement_; }
+    [[nodiscard]] const Arrangement& arrangement() const { return arrangement_; }
 
     /// The number of the favourites page. Kept: "Visualizza codice" counts in it, so that after that view the
     /// page buttons go on from the count.
@@ -86,6 +91,8 @@ class Session : private SplittingView {
     TranslatedWords translatedWords_;
     DictionaryInsertion dictionaryInsertion_{files_, ui_, last_};
     ItalianSearch italianSearch_{files_, ui_, display_, last_};
+    Choices choices_{files_};
+    Arrangement arrangement_;
 };
 
 }  // namespace karvel

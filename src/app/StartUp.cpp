@@ -23,8 +23,7 @@ StartUp formLoad(Session& session)
 {
     const FileSystem& files = session.files();
     // The colours come first, so that a missing tree is reported as the missing file that it is.
-    session.colours().display = readColour(files, kDisplayColourPath);
-    session.colours().window = readColour(files, kWindowColourPath);
+    session.colours() = readColours(files);
 
     session.FavouritePage = 0;
     session.termsPanel = "Termini: " + std::to_string(session.FavouritePage);

@@ -11,7 +11,7 @@ enum class Icon { None, Critical, Question, Exclamation, Information };
 enum class Buttons { Ok, OkCancel, YesNo };
 enum class Button { Ok, Cancel, Yes, No };
 
-/// A modal message to the user, as a value: whoever shows it returns the button pressed.
+/// A modal message to the user, as a value. The function that shows it returns the button pressed.
 /// Texts are UTF-8; lines end with LF or CR exactly as the message is worded.
 struct MessageBox {
     std::string title;

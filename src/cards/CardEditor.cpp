@@ -29,7 +29,7 @@ void CardEditor::warn(const std::string& text, Icon icon)
     ui_.ask({.title = "Attenzione:", .text = text, .icon = icon});
 }
 
-/// Runs `action`; a failure is told as `failed` and the reason. True when it went well.
+/// Runs `action`; a failure is reported as `failed` and the reason. True when it went well.
 bool CardEditor::attempt(const std::string& failed, const std::function<void()>& action)
 {
     try {

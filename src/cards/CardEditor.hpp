@@ -17,7 +17,7 @@ namespace karvel {
 /// What the cards window does: shows one card at a time, creates and deletes cards, and adds and removes
 /// their signs.
 ///
-/// Failures are told to the user in a box and leave the files as they were; nothing here throws, but
+/// Failures are reported in a box and leave the files as they were; nothing here throws, but
 /// `press`, which throws like Palette::pressCode.
 class CardEditor {
   public:

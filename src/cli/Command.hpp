@@ -12,7 +12,7 @@ namespace karvel::cli {
 /// What a command tells the shell.
 enum class Exit : int { Done = 0, Nothing = 1, Error = 2 };
 
-/// Wrong use of a command: told with the usage, exit status 2.
+/// Wrong use of a command: reported with the usage, exit status 2.
 class UsageError {
   public:
     explicit UsageError(std::string message) : message_(std::move(message)) {}
@@ -41,7 +41,7 @@ struct Command {
 /// Takes the switch `--name` out of `arguments`; true when it was there.
 [[nodiscard]] bool takeSwitch(Arguments& arguments, std::string_view name);
 
-/// Throws UsageError for an option that nobody took, and unless `arguments` then holds from `least` to `most`
+/// Throws UsageError for an unknown option, and unless `arguments` then holds from `least` to `most`
 /// words. A word "--" ends the options.
 void expectWords(Arguments& arguments, std::size_t least, std::size_t most);
 

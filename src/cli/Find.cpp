@@ -4,7 +4,6 @@
 
 #include "cli/Command.hpp"
 #include "cli/Output.hpp"
-#include "cli/TerminalUi.hpp"
 #include "dictionary/TranslationLookup.hpp"
 #include "dictionary/WordFinder.hpp"
 #include "text/CodePage.hpp"
@@ -51,22 +50,18 @@ Exit findWords(const Arguments& given)
     const std::string path = takeOption(arguments, "--dizionario");
     expectWords(arguments, 1, 1);
     const FileSystem files(Drives::ofUser());
-    TerminalUi ui;
-    try {
-        WordFinder finder(files, ui, path.empty() ? kDictionaryPath : std::string_view(path));
-        const WordFinder::Result result = finder.ask(arguments[0], kind);
-        print(result.answers, spellings);
-        if (result.failure) {
-            throw RuntimeError(*result.failure);
-        }
-        if (result.answers.empty()) {
-            complain(kNothingFound);
-        }
-        return result.answers.empty() ? Exit::Nothing : Exit::Done;
-    } catch (const RuntimeError& error) {
-        complain(dictionaryErrorBox(error).text);
+    WordFinder finder(files, path.empty() ? kDictionaryPath : std::string_view(path));
+    const auto search = finder.search(arguments[0], kind);
+    search->readAll();
+    print(search->answers(), spellings);
+    if (search->failure()) {
+        complain(dictionaryErrorBox(*search->failure()).text);
         return Exit::Error;
     }
+    if (search->found() == 0) {
+        complain(kNothingFound);
+    }
+    return search->found() == 0 ? Exit::Nothing : Exit::Done;
 }
 
 }  // namespace karvel::cli

@@ -7,7 +7,7 @@
 
 namespace karvel::cli {
 
-/// Standard output in large pieces. Whether all of it could be written is for `main` to ask in the end.
+/// Standard output, written in large pieces. `main` checks at the end whether all of it was written.
 class Output {
   public:
     ~Output() { flush(); }
@@ -15,7 +15,7 @@ class Output {
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
-    /// Signs, translation, transliteration and note as stored, parted by tabs, on one line; a tab or a line
+    /// Signs, translation, transliteration and note as stored, separated by tabs, on one line; a tab or a line
     /// end inside a field is shown as a blank.
     void entry(const RawRecord& record);
     void entry(const DictionaryEntry& entry);

@@ -21,7 +21,7 @@ void printWords(Output& output, const Reader& reader, std::string_view codes)
     }
 }
 
-/// The sign codes of a line in whatever form; what is not known is told with its place.
+/// The sign codes of a line in any of the forms. Unknown signs are reported with their place.
 std::string codesOfLine(std::string_view line, std::size_t number, SignForm preferred)
 {
     PassageSigns signs = readSigns(line, preferred);

@@ -9,7 +9,7 @@ namespace karvel {
 namespace {
 
 constexpr std::size_t kCellCharacters = DisplayLine::kCells * kCodeLength;
-/// The insert position of the last cell, characters: the cursor moves the stretch from there on.
+/// The insert position of the last cell, in characters. Behind it the cursor scrolls the cells.
 constexpr std::int16_t kLastCellPosition = (DisplayLine::kCells - 1) * kCodeLength;
 constexpr std::uint8_t kHighestCount = 253;  ///< one byte holds little more
 

@@ -7,7 +7,7 @@
 
 namespace karvel {
 
-/// Inserts the signs of `utf8` (see readPhrase) with Palette::pressCodes. Unknown signs are told in one box.
+/// Inserts the signs of `utf8` (see readPhrase) with Palette::pressCodes. Unknown signs are reported in one box.
 /// Throws like DisplayLine::insert; the phrase is then as it was.
 void pastePhrase(Palette& palette, UserInterface& ui, std::string_view utf8);
 

@@ -30,8 +30,8 @@ UndoState loadUndo(const FileSystem& files)
     state.FirstVisibleOffset = fields.number<std::int16_t>();
     state.InsertPosition = fields.number<std::int16_t>();
     // Any plain text is taken: a favourite from another directory may have put unknown codes into the phrase.
-    // It is cut by threes everywhere, so that a character of several bytes would come apart, and a quote
-    // might come to stand first, where no file could give it back.
+    // The phrase is cut into codes of three bytes. A character of several bytes would be cut in two, and a
+    // quote could become the first byte of a field, which no file can store.
     const bool plain =
         std::ranges::all_of(state.DisplayCodes, [](char c) { return c >= ' ' && c < 0x7F && c != '"'; });
     if (!plain || state.DisplayCodes.size() > DisplayLine::kLimit * kCodeLength) {

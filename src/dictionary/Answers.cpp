@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "base/SignCode.hpp"
-#include "dictionary/Lookup.hpp"
 
 namespace karvel {
 
@@ -27,6 +26,20 @@ void Answers::add(Answer answer)
     }
     words_[found->second].spellings.push_back(all_.size());
     all_.push_back(std::move(answer));
+}
+
+Answers Answers::of(const std::vector<Answer>& found)
+{
+    Answers answers;
+    answers.all_.reserve(found.size());
+    answers.words_.reserve(found.size());
+    answers.lines_.reserve(found.size());
+    answers.byWord_.reserve(found.size());
+    for (const Answer& answer : found) {
+        answers.add(answer);
+    }
+    answers.sort(Order::BestFirst);
+    return answers;
 }
 
 void Answers::sort(Order order)
@@ -59,22 +72,32 @@ bool markMatch(std::string_view signs, std::string_view phrase, Answer& answer)
     return true;
 }
 
-void addMatches(RecordReader& reader, Mode mode, std::string_view phrase, Answers& answers)
+PhraseMatches::PhraseMatches(RecordReader& reader, Mode mode, std::string_view phrase)
+    : reader_(reader), mode_(mode), phrase_(phrase), rule_(mode, phrase)
 {
-    const std::string_view beforeGap = phrase.substr(0, phrase.find(kMissingSign));
-    Lookup lookup(reader, MatchRule(mode, phrase));
-    for (std::size_t order = 0; lookup.next(); ++order) {
-        Answer answer{.entry = std::make_shared<DictionaryEntry>(reader.record().decoded()), .order = order};
-        const std::string_view signs = answer.entry->signs;
-        if (!markMatch(signs, phrase, answer)) {
-            // A phrase with a missing sign: the signs before the gap are marked.
-            answer.rank.tier = 2;
-            answer.marked = beforeGap.size() / kCodeLength;
-        } else if (mode == Mode::EndsWith) {
-            answer.markedFrom = signs.size() / kCodeLength - answer.marked;
-        }
-        answers.add(std::move(answer));
+    reader_.leaveOutWithout(rule_.textInMatches());
+}
+
+bool PhraseMatches::step(std::vector<Answer>& found)
+{
+    if (!reader_.next()) {
+        return false;
     }
+    if (!rule_.matches(reader_.record().signs)) {
+        return true;
+    }
+    Answer answer{.entry = std::make_shared<DictionaryEntry>(reader_.record().decoded()),
+                  .order = matches_++};
+    const std::string_view signs = answer.entry->signs;
+    if (!markMatch(signs, phrase_, answer)) {
+        // A phrase with a missing sign: the signs before the gap are marked.
+        answer.rank.tier = 2;
+        answer.marked = phrase_.substr(0, phrase_.find(kMissingSign)).size() / kCodeLength;
+    } else if (mode_ == Mode::EndsWith) {
+        answer.markedFrom = signs.size() / kCodeLength - answer.marked;
+    }
+    found.push_back(std::move(answer));
+    return true;
 }
 
 }  // namespace karvel

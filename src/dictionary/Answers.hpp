@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "dictionary/DictionaryEntry.hpp"
+#include "dictionary/Lookup.hpp"
 #include "dictionary/RecordReader.hpp"
 #include "dictionary/SearchModes.hpp"
 
@@ -43,6 +44,9 @@ class Answers {
     };
 
     void add(Answer answer);
+
+    /// All of `found`, sorted best first.
+    [[nodiscard]] static Answers of(const std::vector<Answer>& found);
 
     /// Puts words, and the spellings of each, in `order`; within equal ranks that of the file. Words added
     /// later stand at the end until the next call.
@@ -85,8 +89,22 @@ class Answers {
 /// signs rank before those that begin with it, and these before the rest.
 [[nodiscard]] bool markMatch(std::string_view signs, std::string_view phrase, Answer& answer);
 
-/// Adds to `answers` every record of `reader` whose signs satisfy `phrase` in the search mode `mode`, any but
-/// Split, ranked as `markMatch` does. Throws like RecordReader::next; the answers added so far stay.
-void addMatches(RecordReader& reader, Mode mode, std::string_view phrase, Answers& answers);
+/// Finds the records whose signs satisfy a phrase in a search mode, any but Split.
+class PhraseMatches {
+  public:
+    /// `phrase` holds sign codes. `reader`, still at its start, must outlive the object.
+    PhraseMatches(RecordReader& reader, Mode mode, std::string_view phrase);
+
+    /// Reads a record, adds it to `found` when it matches, ranked as `markMatch` does. False at the end of
+    /// the file. Throws like RecordReader::next.
+    bool step(std::vector<Answer>& found);
+
+  private:
+    RecordReader& reader_;
+    Mode mode_;
+    std::string phrase_;
+    MatchRule rule_;
+    std::size_t matches_ = 0;
+};
 
 }  // namespace karvel

@@ -139,7 +139,7 @@ std::size_t recordBefore(const char* bytes, std::size_t end, std::size_t fields)
 RecordFilter::RecordFilter(std::string text) : text_(std::move(text))
 {
     for (std::size_t i = 0; i < probes_.at.size(); ++i) {
-        // Sign codes differ most in their digits, and those at the end of the text stand together.
+        // Sign codes differ most in their digits. The last bytes of the text hold two of them in a row.
         probes_.at[i] = text_.size() - 1 - std::min(i, text_.size() - 1);
         probes_.byte[i] = text_[probes_.at[i]];
     }

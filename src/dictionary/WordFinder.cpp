@@ -1,36 +1,102 @@
 #include "dictionary/WordFinder.hpp"
 
+#include <algorithm>
+#include <deque>
 #include <utility>
-
-#include "dictionary/TranslationLookup.hpp"
 
 namespace karvel {
 
-namespace {
-
-/// Bytes. A file up to this size is folded in a moment and without a look at the events: keys that the user
-/// types meanwhile wait, and none is lost.
-constexpr std::uint64_t kFoldedAtOnce = 16U << 20U;
-
-}  // namespace
-
-/// The whole dictionary in memory, or what was read of it before a fault.
-struct WordFinder::Folded {
+/// What searches have read of the dictionary so far, folded. It grows with the first search that comes to its
+/// end, so that nobody waits for the whole of it.
+class WordFinder::Folded {
+  public:
     struct Record {
         DictionaryEntry entry;
         FoldedEntry folded;
     };
 
-    std::vector<Record> records;
-    bool tooLarge = false;  ///< and therefore not kept
-    bool stopped = false;
-    std::optional<RuntimeError> failure;
+    Folded(const FileSystem& files, std::string path, std::size_t most)
+        : files_(files), path_(std::move(path)), most_(most)
+    {
+    }
+
+    /// Whether the file is still the one that was read.
+    [[nodiscard]] bool current() const
+    {
+        try {
+            return state_ && files_.state(path_) == *state_;
+        } catch (const RuntimeError&) {
+            return false;
+        }
+    }
+
+    [[nodiscard]] std::unique_ptr<RecordReader> read(ReadingProgress& progress) const
+    {
+        return std::make_unique<RecordReader>(openFollowed(files_, path_, progress));
+    }
+
+    /// The record `number`, from 0; null behind the last one, and when there are too many to be kept. Throws
+    /// RuntimeError at a fault of the file.
+    [[nodiscard]] const Record* at(std::size_t number)
+    {
+        while (!tooLarge_ && number >= records_.size()) {
+            if (failure_) {
+                throw RuntimeError(*failure_);
+            }
+            if (!grow()) {
+                return nullptr;
+            }
+        }
+        return tooLarge_ ? nullptr : &records_[number];
+    }
+
+    [[nodiscard]] bool tooLarge() const { return tooLarge_; }
+    [[nodiscard]] int percent() const { return progress_.percent(); }
+
+  private:
+    bool grow()
+    {
+        try {
+            if (!state_) {
+                state_ = files_.state(path_);
+                reader_ = read(progress_);
+            }
+            if (!reader_ || !reader_->next()) {
+                reader_.reset();
+                return false;
+            }
+        } catch (const RuntimeError& error) {
+            failure_ = error;
+            throw;
+        }
+        if (records_.size() == most_) {
+            tooLarge_ = true;
+            records_ = {};
+            reader_.reset();
+            return false;
+        }
+        DictionaryEntry entry = reader_->record().decoded();
+        FoldedEntry folded(entry);
+        records_.push_back({std::move(entry), std::move(folded)});
+        return true;
+    }
+
+    const FileSystem& files_;
+    std::string path_;
+    std::size_t most_;
+    std::optional<FileState> state_;
+    ReadingProgress progress_;
+    std::unique_ptr<RecordReader> reader_;  ///< null at the end of the file
+    std::deque<Record> records_;            ///< their addresses stay
+    bool tooLarge_ = false;
+    std::optional<RuntimeError> failure_;
 };
 
 /// A text asked as each kind that it can be.
-class WordFinder::Inquiry {
+class WordFinder::Inquiry : public WordFinder::Search {
   public:
-    Inquiry(std::string_view text, std::optional<QuestionKind> only)
+    Inquiry(std::shared_ptr<Folded> records, std::string_view text, std::optional<QuestionKind> only)
+        : records_(std::move(records)), usual_(only.value_or(QuestionKind::Italian))
     {
         for (const QuestionKind kind : kQuestionKinds) {
             if (auto question = WordQuestion::make(text, kind); question && only.value_or(kind) == kind) {
@@ -39,23 +105,78 @@ class WordFinder::Inquiry {
         }
     }
 
-    [[nodiscard]] bool possible() const { return !questions_.empty(); }
+    [[nodiscard]] QuestionKind kind() const override
+    {
+        const Asked* const asked = best();
+        return asked == nullptr ? usual_ : asked->question.kind();
+    }
+
+    [[nodiscard]] std::size_t found() const override
+    {
+        const Asked* const asked = best();
+        return asked == nullptr ? 0 : asked->answers.size();
+    }
+
+    [[nodiscard]] Answers answers() const override
+    {
+        const Asked* const asked = best();
+        return asked == nullptr ? Answers() : Answers::of(asked->answers);
+    }
+
+    [[nodiscard]] int percent() const override { return reader_ ? progress_.percent() : records_->percent(); }
+
+  private:
+    struct Asked {
+        WordQuestion question;
+        std::vector<Answer> answers;
+        std::optional<Rank> best;
+    };
+
+    bool step() override
+    {
+        if (questions_.empty()) {
+            return false;
+        }
+        if (const Folded::Record* const record = records_->at(next_)) {
+            // A pointer to the entry that keeps all records in memory.
+            ask(record->entry, record->folded,
+                [&] { return std::shared_ptr<const DictionaryEntry>(records_, &record->entry); });
+            return true;
+        }
+        return records_->tooLarge() && stepInFile();
+    }
+
+    bool stepInFile()
+    {
+        if (!reader_) {
+            reader_ = records_->read(progress_);
+            for (std::size_t asked = 0; asked < next_ && reader_->next(); ++asked) {
+            }
+        }
+        if (!reader_->next()) {
+            return false;
+        }
+        const DictionaryEntry entry = reader_->record().decoded();
+        ask(entry, FoldedEntry(entry), [&] { return std::make_shared<const DictionaryEntry>(entry); });
+        return true;
+    }
 
     /// `share` gives a lasting pointer to `entry` when it is an answer.
     template <typename Share>
-    void ask(const DictionaryEntry& entry, const FoldedEntry& folded, std::size_t order, const Share& share)
+    void ask(const DictionaryEntry& entry, const FoldedEntry& folded, const Share& share)
     {
         for (auto& [question, answers, best] : questions_) {
-            Answer answer{.entry = {}, .order = order};
+            Answer answer{.entry = {}, .order = next_};
             if (question.answeredBy(entry, folded, answer)) {
                 answer.entry = share();
                 best = best ? std::min(*best, answer.rank) : answer.rank;
                 answers.push_back(std::move(answer));
             }
         }
+        ++next_;
     }
 
-    void conclude(Result& result)
+    [[nodiscard]] const Asked* best() const
     {
         const Asked* best = nullptr;
         for (const Asked& asked : questions_) {
@@ -66,100 +187,31 @@ class WordFinder::Inquiry {
                 best = &asked;
             }
         }
-        if (best != nullptr) {
-            result.kind = best->question.kind();
-            for (const Answer& answer : best->answers) {
-                result.answers.add(answer);
-            }
-            result.answers.sort(Answers::Order::BestFirst);
-        }
+        return best;
     }
 
-  private:
-    struct Asked {
-        WordQuestion question;
-        std::vector<Answer> answers;
-        std::optional<Rank> best;
-    };
+    std::shared_ptr<Folded> records_;
+    QuestionKind usual_;
     std::vector<Asked> questions_;
+    std::size_t next_ = 0;  ///< the number of the record to be asked next
+    ReadingProgress progress_;
+    std::unique_ptr<RecordReader> reader_;  ///< of a dictionary that is too large to be kept
 };
 
-WordFinder::WordFinder(const FileSystem& files, UserInterface& ui, std::string_view path, std::size_t most)
-    : files_(files), ui_(ui), path_(path), most_(most)
+WordFinder::WordFinder(const FileSystem& files, std::string_view path, std::size_t most)
+    : files_(files), path_(path), most_(most)
 {
 }
 
 WordFinder::~WordFinder() = default;
 
-void WordFinder::fold()
+std::shared_ptr<WordFinder::Search> WordFinder::search(std::string_view text,
+                                                       std::optional<QuestionKind> kind)
 {
-    const FileState state = files_.state(path_);
-    if (folded_ && state == state_ && !folded_->stopped) {
-        return;
+    if (!folded_ || !folded_->current()) {
+        folded_ = std::make_shared<Folded>(files_, path_, most_);
     }
-    folded_.reset();  // its memory goes before the new one is made
-    auto folded = std::make_shared<Folded>();
-    RecordReader reader(state.size <= kFoldedAtOnce ? files_.open(path_)
-                                                    : openDictionary(files_, ui_, path_));
-    try {
-        while (reader.next()) {
-            if (folded->records.size() == most_) {
-                folded->tooLarge = true;
-                folded->records = {};
-                break;
-            }
-            const DictionaryEntry entry = reader.record().decoded();
-            folded->records.push_back({entry, FoldedEntry(entry)});
-        }
-    } catch (const RuntimeError& error) {
-        folded->failure = error;
-    } catch (const ReadingStopped&) {
-        folded->stopped = true;
-    }
-    state_ = state;
-    folded_ = std::move(folded);
-}
-
-void WordFinder::askFile(Inquiry& inquiry, Result& result) const
-{
-    RecordReader reader(openDictionary(files_, ui_, path_));
-    try {
-        for (std::size_t order = 0; reader.next(); ++order) {
-            const DictionaryEntry entry = reader.record().decoded();
-            inquiry.ask(entry, FoldedEntry(entry), order,
-                        [&] { return std::make_shared<const DictionaryEntry>(entry); });
-        }
-    } catch (const RuntimeError& error) {
-        result.failure = error;
-    } catch (const ReadingStopped&) {
-        result.stopped = true;
-    }
-}
-
-WordFinder::Result WordFinder::ask(std::string_view text, std::optional<QuestionKind> kind)
-{
-    Result result;
-    Inquiry inquiry(text, kind);
-    if (kind) {
-        result.kind = *kind;
-    }
-    if (!inquiry.possible()) {
-        return result;
-    }
-    fold();
-    if (folded_->tooLarge) {
-        askFile(inquiry, result);
-    } else {
-        result.failure = folded_->failure;
-        result.stopped = folded_->stopped;
-        for (std::size_t order = 0; order < folded_->records.size(); ++order) {
-            const Folded::Record& record = folded_->records[order];
-            inquiry.ask(record.entry, record.folded, order,
-                        [&] { return std::shared_ptr<const DictionaryEntry>(folded_, &record.entry); });
-        }
-    }
-    inquiry.conclude(result);
-    return result;
+    return std::make_shared<Inquiry>(folded_, text, kind);
 }
 
 }  // namespace karvel

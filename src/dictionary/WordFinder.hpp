@@ -4,10 +4,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "base/UserInterface.hpp"
-#include "dictionary/Answers.hpp"
+#include "dictionary/AnswerSearch.hpp"
 #include "dictionary/WordQuestion.hpp"
 #include "files/FileSystem.hpp"
 
@@ -15,42 +13,39 @@ namespace karvel {
 
 /// Answers questions that are typed: Italian, transliteration, signs.
 ///
-/// The dictionary is read and folded once and kept in memory until its file changes. One of more than
-/// `kMost` records is read from the file for each question.
+/// The dictionary is read and folded by the first search and kept in memory until its file changes. One of
+/// more than `kMost` records is not kept: each search reads it from the file.
 class WordFinder {
   public:
     static constexpr std::size_t kMost = 200'000;
 
-    struct Result {
-        QuestionKind kind = QuestionKind::Italian;  ///< what the text was understood as
-        Answers answers;                            ///< best first
-        std::optional<RuntimeError> failure;        ///< the fault of the file at which reading ended
-        bool stopped = false;                       ///< the user stopped the reading
+    /// One question. It shares what it needs with the finder and may outlive it.
+    class Search : public AnswerSearch {
+      public:
+        /// What the text is understood as; with each answer it may change.
+        [[nodiscard]] virtual QuestionKind kind() const = 0;
     };
 
-    /// Both must outlive the finder. `most` is the largest number of records kept in memory.
-    WordFinder(const FileSystem& files, UserInterface& ui, std::string_view path = kDictionaryPath,
-               std::size_t most = kMost);
+    /// `files` must outlive the finder and its searches. `most` is the largest number of records kept in
+    /// memory.
+    explicit WordFinder(const FileSystem& files, std::string_view path = kDictionaryPath,
+                        std::size_t most = kMost);
     ~WordFinder();
 
-    /// The answers to `text`, UTF-8, in the dictionary as it is now. Without `kind` the text is asked as
-    /// every kind that it can be; the kind with the best answer counts, Italian where two are equal. Throws
-    /// RuntimeError when the dictionary cannot be opened.
-    [[nodiscard]] Result ask(std::string_view text, std::optional<QuestionKind> kind = {});
+    /// Begins to look for the answers to `text`, UTF-8, in the dictionary as it is now. Without `kind` the
+    /// text is asked as every kind that it can be; the kind with the best answer counts, Italian where two
+    /// are equal. A dictionary that cannot be opened is a failure of the search.
+    [[nodiscard]] std::shared_ptr<Search> search(std::string_view text,
+                                                 std::optional<QuestionKind> kind = {});
 
   private:
-    struct Folded;
+    class Folded;
     class Inquiry;
 
-    void fold();
-    void askFile(Inquiry& inquiry, Result& result) const;
-
     const FileSystem& files_;
-    UserInterface& ui_;
     std::string path_;
     std::size_t most_;
-    FileState state_;  ///< of the file when it was folded
-    std::shared_ptr<const Folded> folded_;
+    std::shared_ptr<Folded> folded_;
 };
 
 }  // namespace karvel

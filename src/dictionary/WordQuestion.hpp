@@ -33,7 +33,7 @@ struct FoldedEntry {
 ///
 /// Italian: case and accents do not matter; several words all have to occur. Transliteration: ASCII or
 /// printed letters; "*" stands for any letters, "?" for one; exact letters rank before those that differ by
-/// capitals. Signs: Gardiner numbers or hieroglyphs, in this order and together, or, parted by "+", in any
+/// capitals. Signs: Gardiner numbers or hieroglyphs, in this order and together, or, separated by "+", in any
 /// order.
 class WordQuestion {
   public:

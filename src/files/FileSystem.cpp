@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <limits>
-#include <map>
 #include <system_error>
 
-#include "files/HeldFiles.hpp"
 #include "files/HostFile.hpp"
 
 namespace karvel {
@@ -13,21 +11,6 @@ namespace karvel {
 namespace fs = std::filesystem;
 
 namespace {
-
-/// The files that are kept in memory, by host path; a file that nothing was put into since is read from the
-/// disk. One for the whole program, as its data directory is.
-std::map<fs::path, std::optional<std::string>>& heldFiles()
-{
-    static std::map<fs::path, std::optional<std::string>> files;
-    return files;
-}
-
-/// The content in memory that stands for `path`; null for a file that is not held there.
-std::optional<std::string>* held(const fs::path& path)
-{
-    const auto at = heldFiles().find(path);
-    return at == heldFiles().end() ? nullptr : &at->second;
-}
 
 /// A symbolic link stays one: what it points to is replaced.
 fs::path behindLinks(const fs::path& path)
@@ -157,6 +140,15 @@ void appendTo(HostFile& file, std::string_view bytes, std::optional<std::uint64_
 
 }  // namespace
 
+FileSystem::FileSystem(Drives drives) : drives_(std::move(drives)), held_(std::make_shared<HeldFiles>()) {}
+
+/// The content in memory that stands for `path`; null for a file that is not held there.
+std::optional<std::string>* FileSystem::held(const fs::path& path) const
+{
+    const auto at = held_->find(path);
+    return at == held_->end() ? nullptr : &at->second;
+}
+
 std::unique_ptr<ByteSource> FileSystem::open(std::string_view path) const
 {
     if (const auto* const file = held(drives_.toHost(path)); file != nullptr && *file) {
@@ -280,9 +272,9 @@ void FileSystem::remove(std::string_view path) const
     }
 }
 
-bool canReplace(const FileSystem& files, std::string_view path)
+bool FileSystem::canReplace(std::string_view path) const
 {
-    const fs::path target = behindLinks(files.drives().toHost(path));
+    const fs::path target = behindLinks(drives_.toHost(path));
     std::error_code error;
     try {
         refuseToReplace(target);
@@ -301,9 +293,9 @@ bool canReplace(const FileSystem& files, std::string_view path)
     }
 }
 
-void holdInMemory(const FileSystem& files, std::string_view path)
+void FileSystem::holdInMemory(std::string_view path) const
 {
-    heldFiles().try_emplace(files.drives().toHost(path));
+    held_->try_emplace(drives_.toHost(path));
 }
 
 }  // namespace karvel

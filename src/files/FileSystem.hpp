@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -29,7 +31,7 @@ struct FileState {
 /// 75 no plain file, 61 disk full, 57 device failure, 52 impossible name.
 class FileSystem {
   public:
-    explicit FileSystem(Drives drives) : drives_(std::move(drives)) {}
+    explicit FileSystem(Drives drives);
 
     [[nodiscard]] const Drives& drives() const { return drives_; }
 
@@ -68,10 +70,22 @@ class FileSystem {
     /// Deletes `path`.
     void remove(std::string_view path) const;
 
+    /// Whether `replace` could now put a file at `path`. Nothing is changed.
+    [[nodiscard]] bool canReplace(std::string_view path) const;
+
+    /// From now on `replace` leaves the file at `path` as it is: what it is given is kept in memory, for this
+    /// object and its copies, and `open` and `readAll` give it back.
+    void holdInMemory(std::string_view path) const;
+
   private:
+    /// By host path; a file that nothing was put into since is read from the disk.
+    using HeldFiles = std::map<std::filesystem::path, std::optional<std::string>>;
+
     [[nodiscard]] std::string freeNameForOld(std::string_view path) const;
+    [[nodiscard]] std::optional<std::string>* held(const std::filesystem::path& path) const;
 
     Drives drives_;
+    std::shared_ptr<HeldFiles> held_;
 };
 
 }  // namespace karvel

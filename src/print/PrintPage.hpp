@@ -51,7 +51,7 @@ class PrintPage {
 
     [[nodiscard]] const std::array<Cell, kCells>& pic() const { return pic_; }
 
-    /// The caption of `Label1`: translation and note, parted by two line feeds.
+    /// The caption of `Label1`: translation and note, separated by two line feeds.
     [[nodiscard]] std::string text() const { return translation_ + "\n\n" + note_; }
     [[nodiscard]] const std::string& translation() const { return translation_; }
     [[nodiscard]] const std::string& note() const { return note_; }

@@ -86,12 +86,12 @@ class Passage {
     /// Running text as books print it, with suffixes joined to their words; a line for each line of the text.
     /// What is no word is in brackets.
     [[nodiscard]] std::string transliteration() const;
-    /// The first meaning of each word, parted by bars; "[?]" where there is none.
+    /// The first meaning of each word, separated by bars; "[?]" where there is none.
     [[nodiscard]] std::string translation() const;
 
     /// An HTML page that needs no other file. `picture` gives the picture of a word's codes in HTML.
     [[nodiscard]] std::string html(const std::function<std::string(const std::string&)>& picture) const;
-    /// A word a line: signs, transliteration and translation parted by tabs; then the running texts.
+    /// A word a line: signs, transliteration and translation separated by tabs; then the running texts.
     [[nodiscard]] std::string plainText() const;
 
   private:

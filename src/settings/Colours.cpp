@@ -37,11 +37,9 @@ void writeColour(const FileSystem& files, std::string_view path, Colour colour)
     files.replace(path, numberLine(colour.packed));
 }
 
-void rereadColours(const FileSystem& files, Colours& colours)
+Colours readColours(const FileSystem& files)
 {
-    const Colours read = {.display = readColour(files, kDisplayColourPath),
-                          .window = readColour(files, kWindowColourPath)};
-    colours = read;
+    return {.display = readColour(files, kDisplayColourPath), .window = readColour(files, kWindowColourPath)};
 }
 
 void applyDisplayColour(const FileSystem& files, Colours& colours, Colour chosen)

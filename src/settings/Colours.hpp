@@ -45,9 +45,8 @@ struct Colours {
 /// Replaces the file at `path`. Throws RuntimeError; the file is then as it was.
 void writeColour(const FileSystem& files, std::string_view path, Colour colour);
 
-/// What the colour dialog shows when it opens: both colours as their files hold them now. Throws like
-/// `readColour`; `colours` is then as it was.
-void rereadColours(const FileSystem& files, Colours& colours);
+/// Both colours as their files hold them now. Throws like `readColour`.
+[[nodiscard]] Colours readColours(const FileSystem& files);
 
 /// Applies a colour, then writes it. Throws like `writeColour`; the colour stays applied for this run.
 void applyDisplayColour(const FileSystem& files, Colours& colours, Colour chosen);

@@ -11,7 +11,7 @@
 
 namespace karvel {
 
-/// Reads delimited fields: parted by commas and line ends, in double quotes or bare.
+/// Reads delimited fields: separated by commas and line ends, in double quotes or bare.
 ///
 /// Blanks before a field are skipped. A field that begins with a double quote runs to the next one,
 /// whatever stands between, and then up to and including the next comma or line end. Any other field runs

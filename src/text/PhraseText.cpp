@@ -24,7 +24,8 @@ void note(std::vector<std::string>& list, const std::string& text)
 
 bool isWordCharacter(char32_t character)
 {
-    return character > ' ' && character != '-' && character != ':' && character != '*' &&
+    constexpr std::u32string_view kArranging = U"-:*()<>";
+    return character > ' ' && kArranging.find(character) == std::u32string_view::npos &&
            character != kNoBreakSpace;
 }
 

@@ -20,8 +20,8 @@ struct ReadPhrase {
     std::vector<std::string> unknown;  ///< what was not known, each once, in order
 };
 
-/// Reads Unicode hieroglyphs, Gardiner numbers parted by "-", ":", "*" or blanks, or the system's codes, in
-/// any mixture. Characters that only arrange hieroglyphs are ignored.
+/// Reads Unicode hieroglyphs, Gardiner numbers separated by "-", ":", "*", brackets or blanks, or the
+/// system's codes, in any mixture. Characters that only arrange hieroglyphs are ignored.
 [[nodiscard]] ReadPhrase readPhrase(std::string_view utf8);
 
 /// The codes of a phrase given as Gardiner numbers joined by "-"; nothing when one of them is unknown, and

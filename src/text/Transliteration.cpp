@@ -78,6 +78,19 @@ char printedLetter(char32_t character)
     return found == kPrinted.end() ? '\0' : found->letter;
 }
 
+/// Whether `word` has a letter or mark of printed transliteration. Punctuation, such as the curved
+/// apostrophe of Italian, is none.
+bool hasMarks(std::string_view word)
+{
+    for (std::size_t at = 0; at < word.size();) {
+        const char32_t character = nextCharacter(word, at);
+        if (character > 0xFF && (character < 0x2000 || character > 0x2FFF)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 std::string asciiTransliteration(std::string_view text)
@@ -97,6 +110,20 @@ std::string asciiTransliteration(std::string_view text)
         }
     }
     return ascii;
+}
+
+std::string asciiWords(std::string_view text)
+{
+    std::string words;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t blank = text.find(' ', at);
+        const std::string_view word =
+            text.substr(at, blank == std::string_view::npos ? blank : blank + 1 - at);
+        const std::string ascii = asciiTransliteration(word);
+        words += hasMarks(word) && isAsciiTransliteration(ascii) ? std::string_view(ascii) : word;
+        at += word.size();
+    }
+    return words;
 }
 
 bool isAsciiTransliteration(std::string_view text)

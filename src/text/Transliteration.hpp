@@ -12,6 +12,10 @@ namespace karvel {
 /// composed or followed by a combining mark. Everything else stays.
 [[nodiscard]] std::string asciiTransliteration(std::string_view text);
 
+/// The same for a field in which other text may stand beside the transliteration: only words that become
+/// ASCII transliteration as a whole are turned, and only for a letter with a mark.
+[[nodiscard]] std::string asciiWords(std::string_view text);
+
 /// `field` as Egyptologists print it. A field that holds a letter outside the ASCII transliteration, such as
 /// c, e, o, u or v, is returned as it is.
 [[nodiscard]] std::string printedTransliteration(std::string_view field);

@@ -18,7 +18,7 @@ namespace karvel {
 
 namespace {
 
-void giveTablesRoom(QTextDocument& text)
+void padTables(QTextDocument& text)
 {
     for (QTextFrame* const frame : text.rootFrame()->childFrames()) {
         if (auto* const table = qobject_cast<QTextTable*>(frame)) {
@@ -84,7 +84,7 @@ QWidget* frmAbout::credits()
     browser->setOpenExternalLinks(true);
     browser->document()->setDocumentMargin(12);
     browser->setMarkdown(dataCredits());
-    giveTablesRoom(*browser->document());
+    padTables(*browser->document());
     return browser;
 }
 

@@ -53,12 +53,10 @@ Form5::Form5(Desktop& desktop, QWidget* parent)
 
 void Form5::openFromMenu(Desktop& desktop, WindowSet& windows)
 {
-    const FileSystem& files = desktop.session().files();
-    const Colour display = readColour(files, kDisplayColourPath);
-    const Colour window = readColour(files, kWindowColourPath);
+    const Colours saved = readColours(desktop.session().files());
     auto& opened = windows.open<Form5>();
-    opened.command1_->setColour(karvel::colour(display));
-    opened.command2_->setColour(karvel::colour(window));
+    opened.command1_->setColour(karvel::colour(saved.display));
+    opened.command2_->setColour(karvel::colour(saved.window));
 }
 
 void Form5::addLine(int row, ColourButton* chooser, const char* original, const QString& purpose,

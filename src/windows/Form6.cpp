@@ -86,14 +86,14 @@ QWidget* Form6::headLine()
     });
     auto* const caption = new QLabel(QStringLiteral("S&cheda:"), line);
     caption->setBuddy(combo1_);
-    room_ = new QLabel(line);
-    room_->setObjectName(QStringLiteral("room"));
+    signCount_ = new QLabel(line);
+    signCount_->setObjectName(QStringLiteral("segniDellaScheda"));
     auto* const row = new QHBoxLayout(line);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(caption);
     row->addWidget(combo1_);
     row->addStretch(1);
-    row->addWidget(room_);
+    row->addWidget(signCount_);
     return line;
 }
 
@@ -216,13 +216,13 @@ void Form6::showSigns()
 void Form6::showHints()
 {
     const std::size_t count = editor_.fields().size();
-    QString room = QStringLiteral("%1 segni su %2").arg(count).arg(kCardSigns);
+    QString said = QStringLiteral("%1 segni su %2").arg(count).arg(kCardSigns);
     if (count == 1) {
-        room = QStringLiteral("1 segno su %1").arg(kCardSigns);
+        said = QStringLiteral("1 segno su %1").arg(kCardSigns);
     } else if (count > kCardSigns) {
-        room = QStringLiteral("%1 segni, se ne vedono %2").arg(count).arg(kCardSigns);
+        said = QStringLiteral("%1 segni, se ne vedono %2").arg(count).arg(kCardSigns);
     }
-    room_->setText(room);
+    signCount_->setText(said);
     const std::string first = desktop_.session().display().DisplayCodes().substr(0, kCodeLength);
     if (!editor_.current()) {
         hint_->setText(

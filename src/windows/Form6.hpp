@@ -45,7 +45,7 @@ class Form6 : public QDialog {
     std::vector<QAction*> changing_;  ///< what the first card does not allow
     QComboBox* combo1_ = nullptr;
     QTabBar* tabs_ = nullptr;
-    QLabel* room_ = nullptr;
+    QLabel* signCount_ = nullptr;
     QLabel* hint_ = nullptr;
     std::array<SignButton*, kCardSigns> cmd_{};
     std::vector<std::string> shownNames_;

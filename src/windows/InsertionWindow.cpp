@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "text/Transliteration.hpp"
 #include "windows/signs/PhraseStrip.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
@@ -29,6 +30,7 @@ Inserimento::Inserimento(Desktop& desktop, QWidget* parent)
     text1_ = addLine("Text1", QStringLiteral("Inserire corrispondenza figura o traduzione italiana"));
     text2_ = addLine("Text2",
                      QStringLiteral("Inserire possibile traslitterazione o corrispondenza alla grammatica"));
+    connect(text2_, &QLineEdit::textEdited, this, &Inserimento::writeInAscii);
     text3_ = addLine("Text3", QStringLiteral("Note:"));
     auto* const ok = new QPushButton(QStringLiteral("Conferma"), this);
     ok->setObjectName(QStringLiteral("Command1"));
@@ -65,6 +67,17 @@ QLineEdit* Inserimento::addLine(const char* name, const QString& caption)
     layout()->addWidget(line);
     static_cast<QVBoxLayout*>(layout())->addSpacing(4);
     return line;
+}
+
+/// The dictionary has the ASCII letters; what is copied from a book or a page has others.
+void Inserimento::writeInAscii(const QString& text)
+{
+    const QString ascii = qtext(asciiWords(typed(text)));
+    if (ascii != text) {
+        const int behind = static_cast<int>(text.size()) - text2_->cursorPosition();
+        text2_->setText(ascii);
+        text2_->setCursorPosition(static_cast<int>(ascii.size()) - behind);
+    }
 }
 
 void Inserimento::confirm()

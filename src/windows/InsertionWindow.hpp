@@ -21,6 +21,7 @@ class Inserimento : public QDialog {
 
   private:
     QLineEdit* addLine(const char* name, const QString& caption);
+    void writeInAscii(const QString& text);
     void confirm();
     void showDoubtfulText();
 

@@ -42,12 +42,12 @@ void imm1::place()
     constexpr QSize kForText(320, 200);
     constexpr QSize kAroundPicture(48, 100);
     constexpr int kGap = 8;
-    const QRect room = roomOnScreen(*this);
+    const QRect area = usableArea(*this);
     const int highest = desktop_.displayOnScreen().bottom() + kGap;
-    const QSize most(room.width() * 2 / 5, std::max(room.bottom() - highest, room.height() / 2));
+    const QSize most(area.width() * 2 / 5, std::max(area.bottom() - highest, area.height() / 2));
     resize(
         (image_.isNull() ? kForText : (image_.size() + kAroundPicture).boundedTo(kLargest)).boundedTo(most));
-    move(room.left(), room.bottom() - height());
+    move(area.left(), area.bottom() - height());
     keepOnScreen(*this);
 }
 

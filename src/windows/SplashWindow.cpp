@@ -32,8 +32,8 @@ frmSplash::frmSplash(Desktop& desktop, QWidget& form1)
     auto* const frame = new QFrame(this);
     frame->setObjectName(QStringLiteral("Frame1"));
     frame->setFrameShape(QFrame::StyledPanel);
-    const QSize room = roomOnScreen(form1).size() - QSize(0, kBelowPicture);
-    const QSize size = kPicture.boundedTo(kPicture.scaled(room, Qt::KeepAspectRatio));
+    const QSize area = usableArea(form1).size() - QSize(0, kBelowPicture);
+    const QSize size = kPicture.boundedTo(kPicture.scaled(area, Qt::KeepAspectRatio));
     auto* const picture = new PictureBox(openingPicture(), size, frame);
     picture->setObjectName(QStringLiteral("Picture1"));
     picture->setAccessibleName(QStringLiteral("Karvel, dizionario geroglifico-italiano"));

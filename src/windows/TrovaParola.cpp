@@ -14,7 +14,7 @@
 #include "windows/signs/AnswerList.hpp"
 #include "windows/signs/AnswerPane.hpp"
 #include "windows/support/Desktop.hpp"
-#include "windows/support/ScreenFit.hpp"
+#include "windows/support/PlaceKeeper.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
@@ -22,7 +22,7 @@ namespace karvel {
 TrovaParola::TrovaParola(Desktop& desktop, QWidget* parent)
     : QDialog(parent),
       desktop_(desktop),
-      finder_(desktop.session().files(), desktop.session().ui()),
+      finder_(desktop.session().files()),
       field_(new QLineEdit(this)),
       understood_(new QToolButton(this)),
       counts_(new QLabel(this)),
@@ -57,10 +57,8 @@ TrovaParola::TrovaParola(Desktop& desktop, QWidget* parent)
     column->addLayout(line);
     column->addWidget(counts_);
     column->addWidget(pane_, 1);
-    if (parent != nullptr) {
-        placeOverPalette(*this, *parent, {980, 480});
-    }
-    showUnderstood(QuestionKind::Italian);
+    new PlaceKeeper(*this, parent, {980, 480}, desktop.session());
+    connect(pane_, &AnswerPane::shown, this, &TrovaParola::showAnswers);
 }
 
 void TrovaParola::start(const QString& text)
@@ -80,32 +78,36 @@ void TrovaParola::understandAs(std::optional<QuestionKind> kind)
     field_->setFocus();
 }
 
-void TrovaParola::showUnderstood(QuestionKind kind)
-{
-    understood_->setText(kind_ || !field_->text().trimmed().isEmpty() ? qtext(nameOf(kind))
-                                                                      : QStringLiteral("automatico"));
-    understood_->setAccessibleName(QStringLiteral("inteso come: ") + understood_->text());
-}
-
-/// A fault of the file stands below the list; a box would come at every key.
 void TrovaParola::ask()
 {
-    WordFinder::Result result;
-    std::string fault;
-    try {
-        result = finder_.ask(typed(field_->text()), kind_);
-        if (result.failure) {
-            fault = faultLine(*result.failure);
-        }
-    } catch (const RuntimeError& error) {
-        fault = faultLine(error);
-    }
-    showUnderstood(result.kind);
+    asked_ = finder_.search(typed(field_->text()), kind_);
+    pane_->setHeading(typed(field_->text()));
+    pane_->follow(asked_);
+}
+
+void TrovaParola::showAnswers()
+{
     const bool asked = !field_->text().trimmed().isEmpty();
-    counts_->setText(!asked                    ? QStringLiteral(" ")
-                     : !result.answers.empty() ? qtext(result.answers.counts())
-                                               : QStringLiteral("nessuna voce"));
-    pane_->show(std::move(result.answers), {}, typed(field_->text()), fault);
+    understood_->setText(kind_ || asked ? qtext(nameOf(asked_->kind())) : QStringLiteral("automatico"));
+    understood_->setAccessibleName(QStringLiteral("inteso come: ") + understood_->text());
+    const Answers& answers = pane_->list().answers().answers();
+    counts_->setText(!asked             ? QStringLiteral(" ")
+                     : !answers.empty() ? qtext(answers.counts())
+                     : pane_->reading() ? QStringLiteral("ricerca in corso ...")
+                                        : QStringLiteral("nessuna voce"));
+}
+
+void TrovaParola::reject()
+{
+    if (!pane_->stop()) {
+        QDialog::reject();
+    }
+}
+
+void TrovaParola::closeEvent(QCloseEvent* event)
+{
+    pane_->stop();
+    QDialog::closeEvent(event);
 }
 
 /// The keys that move in the list, and those that choose from it, work while the user types.

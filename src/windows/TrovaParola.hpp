@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -26,13 +27,17 @@ class TrovaParola : public QDialog {
     /// Moves the focus into the field; `text`, if not empty, becomes its text.
     void start(const QString& text = {});
 
+    /// Escape: ends a reading; without one, closes the window.
+    void reject() override;
+
   protected:
+    void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void ask();
     void understandAs(std::optional<QuestionKind> kind);
-    void showUnderstood(QuestionKind kind);
+    void showAnswers();
 
     Desktop& desktop_;
     WordFinder finder_;  ///< keeps the dictionary in memory between openings
@@ -41,6 +46,7 @@ class TrovaParola : public QDialog {
     QLabel* counts_;
     AnswerPane* pane_;
     std::optional<QuestionKind> kind_;  ///< chosen by the user
+    std::shared_ptr<WordFinder::Search> asked_;
 };
 
 }  // namespace karvel

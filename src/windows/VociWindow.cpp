@@ -14,7 +14,7 @@
 #include "windows/signs/AnswerList.hpp"
 #include "windows/signs/AnswerPane.hpp"
 #include "windows/support/Desktop.hpp"
-#include "windows/support/ScreenFit.hpp"
+#include "windows/support/PlaceKeeper.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/WindowSet.hpp"
 
@@ -43,13 +43,12 @@ Voci::Voci(Desktop& desktop, QWidget* parent)
         pane_->list().answers().filter(typed(text));
         pane_->list().toStart();
     });
+    connect(pane_, &AnswerPane::shown, this, &Voci::showHeading);
     auto* const column = new QVBoxLayout(this);
     column->addWidget(heading_);
     column->addWidget(filter_);
     column->addWidget(pane_, 1);
-    if (parent != nullptr) {
-        placeOverPalette(*this, *parent, {980, 480});
-    }
+    new PlaceKeeper(*this, parent, {980, 480}, desktop.session());
 }
 
 void Voci::openFromMenu(Desktop& desktop, WindowSet& windows)
@@ -64,21 +63,35 @@ void Voci::openFromMenu(Desktop& desktop, WindowSet& windows)
 
 void Voci::list(Mode mode, const std::string& phrase)
 {
-    desktop_.handle([&] {
-        Session& session = desktop_.session();
-        EntryList found = listEntries(session.files(), session.ui(), mode, phrase);
-        const std::string heading = found.heading();
-        {
-            const QSignalBlocker quiet(filter_);
-            filter_->clear();
-        }
-        pane_->list().answers().filter({});
-        pane_->show(std::move(found.answers), found.rest, heading,
-                    found.failure ? faultLine(*found.failure) : std::string());
-        heading_->setText(qtext(heading));
-        heading_->setToolTip(heading_->text());
-        pane_->list().setFocus();
-    });
+    {
+        const QSignalBlocker quiet(filter_);
+        filter_->clear();
+    }
+    pane_->list().answers().filter({});
+    listed_ = std::make_shared<EntryList>(desktop_.session().files(), mode, phrase);
+    pane_->follow(listed_);
+    pane_->list().setFocus();
+}
+
+void Voci::showHeading()
+{
+    const std::string heading = listed_->heading(pane_->list().answers().answers());
+    pane_->setHeading(heading);
+    heading_->setText(qtext(heading));
+    heading_->setToolTip(heading_->text());
+}
+
+void Voci::reject()
+{
+    if (!pane_->stop()) {
+        QDialog::reject();
+    }
+}
+
+void Voci::closeEvent(QCloseEvent* event)
+{
+    pane_->stop();
+    QDialog::closeEvent(event);
 }
 
 }  // namespace karvel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <memory>
 #include <string>
 
 #include "dictionary/SearchModes.hpp"
@@ -12,6 +13,7 @@ namespace karvel {
 
 class AnswerPane;
 class Desktop;
+class EntryList;
 class WindowSet;
 
 /// "Voci trovate": all answers to the phrase in one list. Closed, it is only hidden, so that it keeps its
@@ -29,11 +31,20 @@ class Voci : public QDialog {
     /// Lists the answers to `phrase`, sign codes, not empty.
     void list(Mode mode, const std::string& phrase);
 
+    /// Escape: ends a reading; without one, closes the window.
+    void reject() override;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
   private:
+    void showHeading();
+
     Desktop& desktop_;
     QLabel* heading_;
     QLineEdit* filter_;
     AnswerPane* pane_;
+    std::shared_ptr<EntryList> listed_;
 };
 
 }  // namespace karvel

@@ -11,7 +11,6 @@ namespace {
 
 constexpr double kBetweenParts = 70;    // of a block, at least
 constexpr double kBetweenBlocks = 130;  // in reading direction
-constexpr double kBetweenLines = 320;
 constexpr double kWidestInColumn = 1300;
 constexpr double kUnknownSide = 800;  // of the box for a sign that is not known
 constexpr double kRingLine = 45;

@@ -11,6 +11,9 @@ namespace karvel {
 /// painter that wants it so many pixels high multiplies all lengths by their ratio. x goes right, y down.
 inline constexpr double kBlockHeight = 1100;
 
+/// The room between one line of blocks, or column, and the next.
+inline constexpr double kBetweenLines = 320;
+
 struct Box {
     double x = 0;
     double y = 0;

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/ScriptedUi.hpp"
 #include "support/TemporaryDrive.hpp"
 
 namespace karvel {
@@ -13,11 +12,12 @@ using testing::record;
 /// "heading | TRANSLATION ... | rest" and "!" for a fault.
 std::string told(const EntryList& list)
 {
-    std::string text = list.heading() + " |";
-    for (std::size_t line = 0; line < list.answers.words(); ++line) {
-        text += " " + list.answers.best(list.answers.word(line)).entry->translation;
+    const Answers answers = list.answers();
+    std::string text = list.heading(answers) + " |";
+    for (std::size_t line = 0; line < answers.words(); ++line) {
+        text += " " + answers.best(answers.word(line)).entry->translation;
     }
-    return text + " | " + list.rest + (list.failure ? "!" : "");
+    return text + " | " + list.rest() + (list.failure() ? "!" : "");
 }
 
 TEST(EntryList, HasTheAnswersOfTheSearchInEachMode)
@@ -33,6 +33,8 @@ TEST(EntryList, HasTheAnswersOfTheSearchInEachMode)
         {Mode::Equal, "a01", whole, "A1 · Termine presente · 1 parola, 1 voce | uno | "},
         {Mode::Split, "a01a02a03a01a05", whole,
          "A1-A2-A3-A1-A5 · Dividi in parole · 2 parole, 2 voci | due altro | a05"},
+        {Mode::Split, "a01a02a05", whole + "a01,\"x",
+         "A1-A2-A5 · Dividi in parole · 0 parole, 0 voci | | a01a02a05!"},
         {Mode::Contains, "a01", whole + "a01,\"x",
          "A1 · Cerca simile · 3 parole, 4 voci | uno due altro | !"},
         {Mode::Contains, "a05", whole, "A5 · Cerca simile · 0 parole, 0 voci | | "},
@@ -40,8 +42,9 @@ TEST(EntryList, HasTheAnswersOfTheSearchInEachMode)
     for (const auto& [mode, phrase, dictionary, list] : cases) {
         testing::TemporaryDrive drive;
         drive.write(kDictionaryPath, dictionary);
-        testing::ScriptedUi ui;
-        EXPECT_EQ(told(listEntries(drive.files(), ui, mode, phrase)), list);
+        EntryList asked(drive.files(), mode, phrase);
+        asked.readAll();
+        EXPECT_EQ(told(asked), list);
     }
 }
 

@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "app/Installer.hpp"
+#include "app/PhraseClipboard.hpp"
 #include "app/ReadOnlyData.hpp"
 #include "app/Views.hpp"
 #include "compose/UndoFile.hpp"
 #include "support/ScriptedUi.hpp"
 #include "support/TemporaryDrive.hpp"
+#include "writing/Grouping.hpp"
+#include "writing/ManuelDeCodage.hpp"
+#include "writing/UnicodeLayout.hpp"
 
 namespace karvel {
 namespace {
@@ -152,8 +156,7 @@ TEST_F(SessionTest, WhatCannotBeWrittenIsToldOnceAndKeptInMemory)
     EXPECT_EQ(session.display().DisplayCodes(), "a01");
     session.modes().choose(Mode::EndsWith, session.files());
     applyWindowColour(session.files(), session.colours(), Colour::rgb(1, 2, 3));
-    rereadColours(session.files(), session.colours());
-    EXPECT_EQ(session.colours().window, Colour::rgb(1, 2, 3));
+    EXPECT_EQ(readColours(session.files()).window, Colour::rgb(1, 2, 3));
     EXPECT_EQ(drive.read(kSearchModePath), " 3\r\n");
     EXPECT_EQ(std::distance(fs::directory_iterator(drive.host(kUndoPath).parent_path()), {}), present + 1);
 }
@@ -182,6 +185,30 @@ TEST_F(SessionTest, InstallingNeverTouchesWhatIsThere)
     EXPECT_EQ(copied.parent_path().filename(), "gr");
     EXPECT_NE(fs::status(copied).permissions() & fs::perms::owner_write, fs::perms::none);
     fs::permissions(tree / "GR/a01.gif", fs::perms::owner_write, fs::perm_options::add);  // so that it can go
+}
+
+TEST_F(SessionTest, APastedGroupingStaysUntilThePhraseChanges)
+{
+    const auto codage = [this] { return copied(session, session.display().DisplayCodes()).codage; };
+    paste(session, "<-F35:I9*D21->");
+    EXPECT_EQ(session.display().DisplayCodes(), "d51f21b47");
+    EXPECT_EQ(codage(), "<-F35:I9*D21->");
+    EXPECT_EQ(copied(session, "d51f21b47").text, "𓄤𓆑𓂋");
+    paste(session, "𓀀𓐰𓀁");  // with the joiner of signs above each other
+    EXPECT_EQ(codage(), "<-F35:I9*D21->-A1:A2");
+    copyJoiners(session, true);
+    EXPECT_EQ(copied(session, "a01a02").text, unicodeWithJoiners(blocksOf("a01a02")));
+    session.arrangement().follow(session.display().DisplayCodes());
+    EXPECT_EQ(codage(), "<-F35:I9*D21->-A1:A2");
+    session.display().removeLast();
+    session.arrangement().follow(session.display().DisplayCodes());
+    session.palette().pressCode("a02");
+    EXPECT_EQ(codage(), manuelDeCodage(blocksOf(session.display().DisplayCodes())));
+    ui.expect({.title = "Incolla",
+               .text = "Questi segni non sono conosciuti e non sono stati inseriti:\n\nXX9",
+               .icon = Icon::Exclamation});
+    paste(session, "(F35:XX9)*F35");
+    EXPECT_EQ(session.display().signs(), 7U);
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ TEST(EditionUpdate, KeepsTheUsersOwnRecordsByteForByteBehindTheEdition)
         {record("a01", "uno!"), record("a01", "uno!"), 1, 1},  // an entry of the edition that was changed
         {record("a01", "uno", "", "mia nota"), record("a01", "uno", "", "mia nota"), 1, 1},
         {" b01 , mia,\"x\" ,y\nb02,\"a\r\nb\",,\r", " b01 , mia,\"x\" ,y\nb02,\"a\r\nb\",,\r", 2, 2},
-        {"b01,1,,,a01,uno,,,b02,2,,\n", "b01,1,,\r\nb02,2,,\n", 3, 2},  // parted by commas
+        {"b01,1,,,a01,uno,,,b02,2,,\n", "b01,1,,\r\nb02,2,,\n", 3, 2},  // separated by commas
         {record("b01", "mia") + "\r\n \r\n", record("b01", "mia"), 1, 1},
         {record("b01", "mia") + record("b01", "mia"), record("b01", "mia") + record("b01", "mia"), 2, 2},
     };

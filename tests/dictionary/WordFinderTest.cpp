@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/ScriptedUi.hpp"
 #include "support/TemporaryDrive.hpp"
 #include "text/Transliteration.hpp"
 
@@ -28,19 +27,25 @@ class Finding : public ::testing::Test {
     /// "kind: TRANSLITERATION=TRANSLATION; ..." of the words in their order.
     std::string asked(std::string_view text, std::optional<QuestionKind> kind = {})
     {
-        const WordFinder::Result result = finder.ask(text, kind);
-        std::string told = std::string(nameOf(result.kind)) + ":";
-        for (std::size_t line = 0; line < result.answers.words(); ++line) {
-            const Answers::Word& word = result.answers.word(line);
-            told += " " + result.answers.best(word).entry->translation + "/" +
+        const auto search = finder.search(text, kind);
+        search->readAll();
+        return told(*search);
+    }
+
+    static std::string told(const WordFinder::Search& search)
+    {
+        std::string told = std::string(nameOf(search.kind())) + ":";
+        const Answers answers = search.answers();
+        for (std::size_t line = 0; line < answers.words(); ++line) {
+            const Answers::Word& word = answers.word(line);
+            told += " " + answers.best(word).entry->translation + "/" +
                     std::to_string(word.spellings.size()) + ";";
         }
-        return told + (result.failure ? " error" : "") + (result.stopped ? " stopped" : "");
+        return told + (search.failure() ? " error" : "");
     }
 
     testing::TemporaryDrive drive;
-    testing::ScriptedUi ui;
-    WordFinder finder{drive.files(), ui};
+    WordFinder finder{drive.files()};
 };
 
 TEST_F(Finding, RanksTheAnswersOfEachKind)
@@ -84,12 +89,40 @@ TEST_F(Finding, FollowsTheFileAndKeepsWhatStandsBeforeAFault)
     EXPECT_EQ(asked("vita"), "italiano: vita/1;");
     drive.write(kDictionaryPath, dictionary() + record("a08", "vita lunga", "anx-w") + "\"a09\"\r\n");
     EXPECT_EQ(asked("vita"), "italiano: vita/1; vita lunga/1; error");
-    WordFinder small(drive.files(), ui, kDictionaryPath, 3);  // too small: each question reads the file
-    const auto [kind, answers, failure, stopped] = small.ask("vita");
-    EXPECT_EQ(answers.counts(), "2 parole, 2 voci");
-    EXPECT_TRUE(failure);
-    ui.stopReading = true;
-    EXPECT_TRUE(small.ask("vita").stopped);
+}
+
+/// Between two pieces anything may be shown and another question asked.
+TEST_F(Finding, GoesOnPieceByPiece)
+{
+    drive.write(kDictionaryPath, dictionary() + record("a08", "vita lunga", "anx-w"));
+    const auto pause = [] { return true; };
+    for (const std::size_t most :
+         {WordFinder::kMost, std::size_t{3}}) {  // kept; read from the file each time
+        WordFinder pieces(drive.files(), kDictionaryPath, most);
+        const auto first = pieces.search("vita");
+        for (int record = 0; record < 11; ++record) {
+            EXPECT_TRUE(first->read(pause));
+        }
+        EXPECT_EQ(told(*first), "italiano: vita/1;");
+        const auto second = pieces.search("re, figlio");
+        EXPECT_TRUE(second->read(pause));
+        second->readAll();
+        EXPECT_EQ(told(*second), "italiano: figlio del re/1;");
+        EXPECT_TRUE(first->read(pause));
+        EXPECT_EQ(told(*first), "italiano: vita/1; vita lunga/1;");
+        EXPECT_FALSE(first->read(pause));
+    }
+    drive.files().remove(kDictionaryPath);
+    EXPECT_EQ(asked("vita"), "italiano: error");
+}
+
+Answers matches(RecordReader& reader, Mode mode)
+{
+    std::vector<Answer> found;
+    PhraseMatches matches(reader, mode, "f21");
+    while (matches.step(found)) {
+    }
+    return Answers::of(found);
 }
 
 TEST(Answers, AreFoldedRankedAndMarked)
@@ -97,17 +130,14 @@ TEST(Answers, AreFoldedRankedAndMarked)
     const std::string file = dictionary() + record("f21d51f21", "x", "x");
     const TextSource source(file);
     RecordReader reader(std::make_unique<TextSource>(source));
-    Answers answers;
-    addMatches(reader, Mode::Contains, "f21", answers);
-    answers.sort(Answers::Order::BestFirst);
+    Answers answers = matches(reader, Mode::Contains);
     EXPECT_EQ(answers.counts(), "3 parole, 3 voci");
     EXPECT_EQ(answers.best(answers.word(0)).entry->translation, "x");  // begins with the phrase
     EXPECT_EQ(answers.best(answers.word(1)).markedFrom, 1U);
     answers.sort(Answers::Order::FileOrder);
     EXPECT_EQ(answers.best(answers.word(2)).entry->translation, "x");
     RecordReader again(std::make_unique<TextSource>(source));
-    Answers ending;
-    addMatches(again, Mode::EndsWith, "f21", ending);
+    const Answers ending = matches(again, Mode::EndsWith);
     EXPECT_EQ(ending.counts(), "1 parola, 1 voce");
     EXPECT_EQ(ending.all()[0].markedFrom, 2U);  // the one at the end, of two
 }
@@ -116,6 +146,7 @@ TEST(Transliteration, IsPrintedWithMarksWhereItIsOne)
 {
     EXPECT_EQ(printedTransliteration("Htp-di-nswt, sDAw"), "ḥtp-di-nswt, sḏꜣw");
     EXPECT_EQ(printedTransliteration("preposizione Aa"), "preposizione Aa");
+    EXPECT_EQ(asciiWords("ꜥnḫ, ḏd=f vita dell’ꜣ s\xCC\x8Cw’"), "anx, Dd=f vita dell’ꜣ Swi");
     EXPECT_EQ(asciiTransliteration("ḥtp=f Ꜥḥꜥ s\xCC\x8Cw"), "Htp=f aHa Sw");
 }
 

@@ -107,7 +107,7 @@ const std::vector<Operation>& readings()
         {"turn favourites", [](Installation& i) { i.session.favourites().nextPage(); }},
         {"open the cards", [](Installation& i) { i.cards.open(); }},
         {"load a card", [](Installation& i) { i.cards.names().empty() ? void() : i.cards.load(0); }},
-        {"reread the colours", [](Installation& i) { rereadColours(i.drive.files(), i.session.colours()); }},
+        {"read the colours", [](Installation& i) { (void)readColours(i.drive.files()); }},
     };
     return kReadings;
 }

@@ -161,7 +161,7 @@ TEST(OddFile, TheUserIsToldWhatIsWrong)
         {"settaggi/conf.cfg", "missing", "start", "'53'"},
         {"settaggi/conf.cfg", "full of zero bytes", "start", ""},  // text that is no number reads as 0
         {"settaggi/conf2.cfg", "empty", "start", "'62'"},
-        {"settaggi/coloreF.prf", "a directory", "reread the colours", kNoFile},
+        {"settaggi/coloreF.prf", "a directory", "read the colours", kNoFile},
         {"Undo.dat", "missing", "undo", "Undo.dat manca.\n\nErrore 53"},
     };
     for (const auto& [file, name, reading, told] : kCases) {

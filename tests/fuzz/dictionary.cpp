@@ -150,7 +150,7 @@ class Judge {
             expected.insert(upperCase(decode(record[1])));
         }
         require(listed == expected, "the list has every translation");
-        // The order of texts with a zero byte in them matters to nobody: it parts the halves of the sorting
+        // The order of texts with a zero byte does not matter: that byte separates the halves of the sorting
         // key.
         const bool ordered = text_.find('\0') == std::string_view::npos;
         for (std::size_t i = 0; ordered && i + 2 < words.size(); ++i) {

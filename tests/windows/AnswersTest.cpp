@@ -2,11 +2,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QProgressBar>
+#include <QScreen>
 #include <QToolButton>
 
 #include "windows/TrovaParola.hpp"
 #include "windows/VociWindow.hpp"
 #include "windows/signs/AnswerList.hpp"
+#include "windows/signs/AnswerPane.hpp"
+#include "windows/support/PlaceKeeper.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;
@@ -30,6 +34,26 @@ QStringList rows(AnswerList* list)
     }
     return all;
 }
+
+/// A dictionary without end.
+class EndlessSearch : public AnswerSearch {
+  public:
+    [[nodiscard]] Answers answers() const override { return Answers::of(found_); }
+    [[nodiscard]] std::size_t found() const override { return found_.size(); }
+    [[nodiscard]] int percent() const override { return 43; }
+
+  private:
+    bool step() override
+    {
+        QTest::qSleep(1);
+        found_.push_back({.entry = std::make_shared<DictionaryEntry>(
+                              DictionaryEntry{"a01", std::to_string(found_.size()), "", ""}),
+                          .order = found_.size()});
+        return true;
+    }
+
+    std::vector<Answer> found_;
+};
 
 }  // namespace
 
@@ -71,6 +95,57 @@ class AnswersTest : public QObject {
         stage.choose("vociTrovate");
         QCOMPARE(rows(list), QStringList{"uno"});
         QVERIFY(stage.noBoxLeft());
+    }
+
+    void aLongReadingFillsTheListAndCanBeStopped()
+    {
+        Stage stage(dictionary());
+        stage.press("a01");
+        stage.click("Elenco");
+        auto* const window = stage.windows().opened<Voci>();
+        auto* const list = control<AnswerList>(window, "VociLista");
+        control<AnswerPane>(window, {})->follow(std::make_shared<EndlessSearch>());
+        QVERIFY(list->answers().rowCount() > 0);
+        QTest::keyClick(list, Qt::Key_Down);
+        const auto* const progress = control<QProgressBar>(window, "progress");
+        const int first = list->answers().rowCount();
+        QTRY_VERIFY(list->answers().rowCount() > first);
+        QCOMPARE(list->currentIndex().row(), 1);  // the user's row stays
+        QTRY_VERIFY(progress->isVisible());
+        QCOMPARE(progress->value(), 43);
+        QTest::keyClick(list, Qt::Key_Escape);
+        QVERIFY(window->isVisible() && !progress->isVisible());
+        QVERIFY(control<QLabel>(window, "fault")->text().startsWith("Lettura interrotta al 43%"));
+        const int stopped = list->answers().rowCount();
+        QTest::qWait(50);
+        QCOMPARE(list->answers().rowCount(), stopped);
+        QTest::keyClick(list, Qt::Key_Escape);
+        QVERIFY(!window->isVisible());
+    }
+
+    void aWindowOpensWhereItWasClosed()
+    {
+        Stage stage;
+        const auto placed = [&](QRect* move) {
+            QDialog window;
+            window.setObjectName(QStringLiteral("Voci"));
+            new PlaceKeeper(window, &stage.form1(), {400, 300}, stage.session());
+            window.show();
+            if (move != nullptr) {
+                window.move(move->topLeft());
+                window.resize(move->size());
+            }
+            window.hide();
+            return QRect(window.pos(), window.size());
+        };
+        QRect chosen(60, 70, 333, 222);
+        placed(&chosen);
+        QCOMPARE(placed(nullptr), chosen);
+        for (const char* const remembered :
+             {"90000 90000 300 200", "1 2 3", "0 0 1 1", "9 9 99999999999 9"}) {
+            stage.session().choices().set("finestra.Voci", remembered);
+            QVERIFY(stage.form1().screen()->availableGeometry().contains(placed(nullptr)));
+        }
     }
 
     void aWordIsFoundWhileItIsTyped()

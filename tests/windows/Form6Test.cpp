@@ -80,7 +80,7 @@ class Form6Test : public QObject {
         stage.press("a05");
         choose("aggiungi");
         QCOMPARE(shown(cards), QStringLiteral("PROVA a01 a05"));
-        QCOMPARE(control<QLabel>(cards, "room")->text(), QStringLiteral("2 segni su 48"));
+        QCOMPARE(control<QLabel>(cards, "segniDellaScheda")->text(), QStringLiteral("2 segni su 48"));
         MessageBox question{.title = "Domanda di sistema:",
                             .text = "Elimino il geroglifico, presente sul display, alla scheda [PROVA] ?",
                             .icon = Icon::Question,
@@ -114,7 +114,8 @@ class Form6Test : public QObject {
         const auto* const unknown = control<QWidget>(cards, "Cmd(2)");
         QVERIFY(!unknown->isEnabled() && unknown->toolTip().contains(QStringLiteral("nessun codice")));
         tabs->setCurrentIndex(2);
-        QCOMPARE(control<QLabel>(cards, "room")->text(), QStringLiteral("60 segni, se ne vedono 48"));
+        QCOMPARE(control<QLabel>(cards, "segniDellaScheda")->text(),
+                 QStringLiteral("60 segni, se ne vedono 48"));
         QVERIFY(shown(cards).startsWith(QStringLiteral("TANTI && TROPPI a01")));
     }
 };

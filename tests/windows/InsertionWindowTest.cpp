@@ -1,3 +1,4 @@
+#include <QClipboard>
 #include <QLineEdit>
 
 #include "windows/InsertionWindow.hpp"
@@ -25,11 +26,16 @@ class InsertionWindowTest : public QObject {
         QCOMPARE(dialog->findChild<PhraseStrip*>()->codes(), std::string("a01a02"));
         control<QLineEdit>(dialog, "Text1")->insert(QStringLiteral("perche\u0301"));  // in two characters
         auto* const second = control<QLineEdit>(dialog, "Text2");
+        QApplication::clipboard()->setText(QStringLiteral("ꜥn\u1e2b"));  // from a page, with marks
+        second->setText(QStringLiteral(".t"));
+        second->setCursorPosition(0);
+        second->paste();
+        QCOMPARE(second->text(), QStringLiteral("anx.t"));
         QTest::keyClicks(second, QStringLiteral("=i"));
         QTest::keyClick(second, Qt::Key_Return);
         QTRY_VERIFY(stage.windows().opened<Inserimento>() == nullptr);
         QCOMPARE(stage.drive().read("C:\\programmi\\Karvel\\dizio.txt"),
-                 record("b02", "due") + "\"a01a02\"\r\n\"perch\xE9\"\r\n\"=i\"\r\n\"\"\r\n");
+                 record("b02", "due") + "\"a01a02\"\r\n\"perch\xE9\"\r\n\"anx=i.t\"\r\n\"\"\r\n");
         QCOMPARE(stage.form1().focusWidget(), stage.control<QWidget>("Vendol(0)"));
         stage.click("Command9");
         const auto* const again = stage.windows().opened<Inserimento>();

@@ -12,6 +12,7 @@
 #include "windows/AlphabetWindow.hpp"
 #include "windows/MagnifierWindow.hpp"
 #include "windows/support/Stage.hpp"
+#include "writing/ManuelDeCodage.hpp"
 
 using namespace karvel;
 using namespace karvel::testing;
@@ -53,6 +54,28 @@ class PhrasePictureTest : public QObject {
             QVERIFY(difference(left, QImage(left.size(), left.format())) > 100000);
             QVERIFY(difference(left.mirrored(true, false), right) * 5 < difference(left, right));
         }
+    }
+
+    void aPastedGroupingIsDrawnAndCopied()
+    {
+        Stage stage;
+        const auto drawn = [&] {
+            return manuelDeCodage(LayoutPainter::of(stage.desktop()).layoutOf(stage.phrase(), {}));
+        };
+        QClipboard* const clipboard = QApplication::clipboard();
+        clipboard->setText(QStringLiteral("F35:I9*D21"));
+        stage.choose("incolla");
+        QCOMPARE(drawn(), std::string("F35:I9*D21"));
+        stage.choose("copia");
+        QCOMPARE(clipboard->text(), QStringLiteral("𓄤𓆑𓂋"));
+        stage.press("a01");
+        QCOMPARE(drawn(), std::string("F35-I9:D21-A1"));
+        stage.click("Command8");
+        stage.choose("incolla");  // a copy of this program keeps its groups
+        QCOMPARE(drawn(), std::string("F35:I9*D21"));
+        stage.choose("legami");
+        stage.choose("copia");
+        QCOMPARE(clipboard->text(), QStringLiteral("𓄤𓐰𓆑𓐱𓂋"));
     }
 
     void theSwitchesOfTheMagnifierShapeThePictureThatIsCopiedAndSaved()

@@ -1,4 +1,4 @@
-// Takes a picture of every window, for the guide and for whoever judges how they look:
+// Takes a picture of every window, for the guide and for a look at all of them:
 //   make_pictures DIRECTORY
 #include <QCheckBox>
 #include <QDir>

@@ -237,7 +237,7 @@ void Form1::buildCentre()
     pageTurned_.setInterval(kPageRests);
     connect(&pageTurned_, &QTimer::timeout, this, &Form1::preparePages);
 
-    const int gap = roomOnScreen(*this).height() < kLowScreen ? kGap / 2 : kGap;
+    const int gap = usableArea(*this).height() < kLowScreen ? kGap / 2 : kGap;
     auto* const column = new QVBoxLayout(centre_);
     column->setContentsMargins(kGap + 4, gap, kGap + 4, gap);
     column->setSpacing(gap);

@@ -4,8 +4,8 @@
 #include <QMenuBar>
 
 #include "app/EditionOffer.hpp"
+#include "app/PhraseClipboard.hpp"
 #include "app/Views.hpp"
-#include "compose/Paste.hpp"
 #include "windows/AboutWindow.hpp"
 #include "windows/AlphabetWindow.hpp"
 #include "windows/ColourWindow.hpp"
@@ -68,11 +68,8 @@ Form1::Menu Form1::editMenu()
     Session& session = desktop_.session();
     const auto copy = [&session] {
         if (!session.display().DisplayCodes().empty()) {
-            copyPhrase(session.display().DisplayCodes());
+            copyPhrase(session, session.display().DisplayCodes());
         }
-    };
-    const auto paste = [&session] {
-        pastePhrase(session.palette(), session.ui(), typed(QApplication::clipboard()->text()));
     };
     return {
         "modifiche",
@@ -84,8 +81,14 @@ Form1::Menu Form1::editMenu()
              .handler = copy,
              .shortcut = QStringLiteral("Ctrl+C"),
              .separated = true},
-            {"incolla", QStringLiteral("&Incolla"), paste, QStringLiteral("Ctrl+V")},
+            {"incolla", QStringLiteral("&Incolla"), [&session] { pastePhrase(session); },
+             QStringLiteral("Ctrl+V")},
             {"trova", QStringLiteral("&Trova segno"), [this] { find_->start(); }, QStringLiteral("Ctrl+F")},
+            {.name = "legami",
+             .caption = QStringLiteral("Copia con i &raggruppamenti Unicode"),
+             .handler = [&session] { copyJoiners(session, !copiesJoiners(session)); },
+             .checkable = true,
+             .separated = true},
         }};
 }
 
@@ -135,7 +138,7 @@ void Form1::buildMenus()
 {
     Session& session = desktop_.session();
     addMenu(fileMenu());
-    addMenu(editMenu());
+    addMenu(editMenu()).back()->setChecked(copiesJoiners(session));
     addMenu(optionsMenu());
     addMenu(favouritesMenu());
     modeItems_ = addMenu(searchMenu());

@@ -6,25 +6,31 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
 #include "app/EntryList.hpp"
 #include "base/SignCode.hpp"
+#include "windows/signs/PhraseFit.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/Theme.hpp"
+#include "writing/Svg.hpp"
 
 namespace karvel {
 
 namespace {
 
 // Logical pixels.
-constexpr int kSign = 32;
-constexpr int kSmallestSign = 20;
+constexpr int kBlock = 32;          // height of a block of signs
+constexpr int kSmallestBlock = 20;  // in a long entry
+constexpr int kDots = 18;           // the width of the mark of an entry that goes on
 constexpr int kRow = 42;
 constexpr int kTriangle = 22;  // the width in which the mark of a closed word stands
 constexpr int kGap = 10;
+
+constexpr double kMark = 0.4;  // how strongly the ground of a sign that matched is coloured
 
 // Shares of the width; the note takes the rest.
 constexpr double kSignsShare = 0.30;
@@ -51,10 +57,10 @@ class AnswerRow : public QStyledItemDelegate {
         painter->fillRect(option.rect, ground);
         QColor ink = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
         if (const Answer* const answer = model_.answer(index.row())) {
-            paintAnswer(*painter, option.rect, index.row(), *answer, ink);
+            paintAnswer(*painter, option.rect, index.row(), *answer, ink, ground);
         } else {
             ink = between(ink, ground, 0.35);
-            paintRest(*painter, option.rect, ink);
+            paintRest(*painter, option.rect, ink, ground);
         }
         painter->setPen(between(ground, ink, 0.15));
         painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
@@ -72,7 +78,8 @@ class AnswerRow : public QStyledItemDelegate {
                          painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
     }
 
-    void paintAnswer(QPainter& painter, QRect row, int number, const Answer& answer, const QColor& ink) const
+    void paintAnswer(QPainter& painter, QRect row, int number, const Answer& answer, const QColor& ink,
+                     const QColor& ground) const
     {
         painter.setPen(ink);
         if (const std::size_t further = model_.furtherSpellings(number); further > 0) {
@@ -84,7 +91,7 @@ class AnswerRow : public QStyledItemDelegate {
         const int translation = static_cast<int>(row.width() * kTranslationShare);
         const int reading = static_cast<int>(row.width() * kTransliterationShare);
         paintSigns(painter, {left, row.top(), row.left() + signs - left - kGap, row.height()},
-                   answer.entry->signs, answer.markedFrom, answer.marked);
+                   answer.entry->signs, answer.markedFrom, answer.marked, ink, ground);
         QRect place(row.left() + signs, row.top(), translation - kGap, row.height());
         painter.setPen(ink);
         text(painter, place, qtext(answer.entry->translation));
@@ -101,49 +108,59 @@ class AnswerRow : public QStyledItemDelegate {
         text(painter, place, qtext(answer.entry->note));
     }
 
-    void paintRest(QPainter& painter, QRect row, const QColor& ink) const
+    void paintRest(QPainter& painter, QRect row, const QColor& ink, const QColor& ground) const
     {
         const int signs = static_cast<int>(row.width() * kSignsShare);
-        painter.setOpacity(0.5);
         paintSigns(painter, {row.left() + kTriangle, row.top(), signs - kTriangle - kGap, row.height()},
-                   model_.rest(), 0, 0);
-        painter.setOpacity(1);
+                   model_.rest(), 0, 0, ink, ground);
         painter.setPen(ink);
         text(painter, row.adjusted(signs, 0, 0, 0), QStringLiteral("qui non comincia nessuna parola"));
     }
 
-    /// Signs are dark on light, as their pictures are made, also in a dark list and on the selected row.
+    /// The signs in blocks. `ground` is the colour of the row.
     void paintSigns(QPainter& painter, QRect place, const std::string& codes, std::size_t markedFrom,
-                    std::size_t marked) const
+                    std::size_t marked, const QColor& ink, const QColor& ground) const
     {
-        const auto pieces = splitCodes(codes);
-        if (pieces.empty()) {
+        if (codes.empty()) {
             return;
         }
-        const int count = static_cast<int>(pieces.size());
-        const int side = std::clamp(place.width() / count - 2, kSmallestSign, kSign);
-        const int fit = std::max(1, place.width() / (side + 2));
-        const bool all = count <= fit;
-        const int shown = all ? count : fit - 1;
-        const QColor paper = paletteFor(colour(desktop_.session().colours().display)).color(QPalette::Window);
-        painter.fillRect(place.left() - 2, place.top() + 2, (all ? shown : fit) * (side + 2) + 2,
-                         place.height() - 4, paper);
-        painter.setPen(inkOn(paper));
-        for (int i = 0; i < shown; ++i) {
-            const QRect cell(place.left() + i * (side + 2), place.top() + 2, side + 2, place.height() - 4);
-            const auto at = static_cast<std::size_t>(i);
-            if (at >= markedFrom && at < markedFrom + marked) {
-                painter.fillRect(cell.adjusted(-1, 0, -1, 0), between(paper, kSelection, 0.35));
-            }
-            if (!desktop_.pictures().draw(painter, desktop_.session().images().path(pieces[at]),
-                                          QRectF(cell).center(), side)) {
-                painter.drawText(cell, Qt::AlignCenter, qtext(pieces[at]));
-            }
+        const PhraseLook look{.ink = ink};
+        const std::string shown =
+            signsThatFit(codes, Shown::Beginning, place.width() - kDots, kSmallestBlock, look, desktop_);
+        const bool all = shown.size() == codes.size();
+        place.adjust(0, 2, 0, -2);
+        const QRect signs = all ? place : place.adjusted(0, 0, -kDots, 0);
+        const QRectF covered = paintPhrase(painter, signs, shown, kBlock, look, desktop_);
+        if (marked > 0) {
+            painter.save();
+            painter.setClipPath(marks(covered, shown, look, markedFrom, marked));
+            painter.fillRect(covered, between(ground, kSelection, kMark));
+            paintPhrase(painter, signs, shown, kBlock, look, desktop_);
+            painter.restore();
         }
         if (!all) {
-            painter.drawText(QRect(place.left() + shown * (side + 2), place.top(), side, place.height()),
-                             Qt::AlignCenter, QStringLiteral("…"));
+            painter.setPen(look.ink);
+            painter.drawText(QRectF(covered.right(), place.top(), kDots, place.height()), Qt::AlignCenter,
+                             QStringLiteral("…"));
         }
+    }
+
+    /// The places of the signs that matched, in the picture of the phrase that covers `covered`.
+    QPainterPath marks(const QRectF& covered, const std::string& codes, const PhraseLook& look,
+                       std::size_t from, std::size_t count) const
+    {
+        constexpr double kRoom = kPictureMargin / 2;  // around the ink
+        const auto placement = LayoutPainter::of(desktop_).placementOf(codes, look);
+        const qreal scale = covered.height() / (placement->height + 2 * kPictureMargin);
+        QPainterPath path;
+        path.setFillRule(Qt::WindingFill);
+        for (std::size_t i = from; i < std::min(from + count, placement->signs.size()); ++i) {
+            const Box& box = placement->signs[i].box;
+            path.addRect((box.x + kPictureMargin - kRoom) * scale + covered.left(),
+                         (box.y + kPictureMargin - kRoom) * scale + covered.top(),
+                         (box.width + 2 * kRoom) * scale, (box.height + 2 * kRoom) * scale);
+        }
+        return path;
     }
 
     Desktop& desktop_;

@@ -34,6 +34,9 @@ class AnswerModel : public QAbstractListModel {
     [[nodiscard]] const Answer* answer(int row) const;
     [[nodiscard]] const std::string& rest() const { return rest_; }
 
+    /// The row of the word to which `entry` belongs as its first spelling; -1 when there is none.
+    [[nodiscard]] int rowOf(const DictionaryEntry* entry) const;
+
     /// How many spellings lie closed under a row; 0 where there is nothing to open.
     [[nodiscard]] std::size_t furtherSpellings(int row) const;
     [[nodiscard]] bool isSpelling(int row) const { return at(row).spelling > 0; }

@@ -5,9 +5,9 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QSaveFile>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -18,12 +18,24 @@
 
 namespace karvel {
 
+namespace {
+
+// Milliseconds of reading before the windows get their turn. The first piece is longer, so that a dictionary
+// of usual size is read in it.
+constexpr int kFirstPiece = 40;
+constexpr int kPiece = 12;
+constexpr int kPatience = 250;  // milliseconds before the progress is shown
+
+}  // namespace
+
 AnswerPane::AnswerPane(Desktop& desktop, const char* listName, QWidget* parent)
     : QWidget(parent),
       desktop_(desktop),
       list_(new AnswerList(desktop, this)),
       fault_(new QLabel(this)),
-      order_(new QComboBox(this))
+      order_(new QComboBox(this)),
+      progress_(new QProgressBar(this)),
+      reading_(progressLine())
 {
     list_->setObjectName(QLatin1String(listName));
     fault_->setObjectName(QStringLiteral("fault"));
@@ -53,13 +65,32 @@ AnswerPane::AnswerPane(Desktop& desktop, const char* listName, QWidget* parent)
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(list_, 1);
+    column->addWidget(reading_);
     column->addWidget(fault_);
     column->addLayout(line);
     connect(list_, &AnswerList::chosen, this, &AnswerPane::choose);
     connect(list_, &AnswerList::signsWanted, this, &AnswerPane::useSigns);
     connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, &AnswerPane::enable);
     connect(&list_->answers(), &QAbstractItemModel::modelReset, this, &AnswerPane::enable);
+    next_.setInterval(0);
+    connect(&next_, &QTimer::timeout, this, [this] { readOn(kPiece); });
     enable();
+}
+
+QWidget* AnswerPane::progressLine()
+{
+    auto* const made = new QWidget(this);
+    progress_->setObjectName(QStringLiteral("progress"));
+    progress_->setAccessibleName(QStringLiteral("lettura del dizionario"));
+    progress_->setFormat(QStringLiteral("Lettura del dizionario: %p%"));
+    auto* const stopButton = button(QStringLiteral("&Interrompi"), "stop", [this] { stop(); });
+    stopButton->setToolTip(QStringLiteral("smette di leggere il dizionario (Esc)"));
+    auto* const line = new QHBoxLayout(made);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(progress_, 1);
+    line->addWidget(stopButton);
+    made->hide();
+    return made;
 }
 
 QPushButton* AnswerPane::button(const QString& caption, const char* name,
@@ -72,17 +103,75 @@ QPushButton* AnswerPane::button(const QString& caption, const char* name,
     return made;
 }
 
-void AnswerPane::show(Answers answers, const std::string& rest, const std::string& heading,
-                      const std::string& fault)
+void AnswerPane::follow(std::shared_ptr<AnswerSearch> search)
 {
-    heading_ = heading;
+    search_ = std::move(search);
+    shown_ = 0;
+    begun_.start();
+    list_->setCurrentIndex({});
+    tell({});
+    readOn(kFirstPiece);
+}
+
+/// Sorting and listing takes time, so the list is shown anew only when the answers have become twice as many.
+void AnswerPane::readOn(int milliseconds)
+{
+    QElapsedTimer timer;
+    timer.start();
+    const bool more = search_->read([&] { return timer.elapsed() >= milliseconds; });
+    if (more) {
+        next_.start();
+        progress_->setValue(search_->percent());
+    } else {
+        next_.stop();
+    }
+    reading_->setVisible(more && begun_.elapsed() >= kPatience);
+    if (!more || shown_ == 0 || search_->found() >= 2 * shown_) {
+        showFound();
+    }
+    if (!more) {
+        tell(search_->failure() ? faultLine(*search_->failure()) : std::string());
+        search_.reset();
+    }
+}
+
+bool AnswerPane::stop()
+{
+    if (!search_) {
+        return false;
+    }
+    next_.stop();
+    reading_->hide();
+    showFound();
+    tell(stoppedLine(search_->percent(), search_->found()));
+    search_.reset();
+    return true;
+}
+
+/// A row that the user has moved to stays the current one.
+void AnswerPane::showFound()
+{
+    const bool moved = list_->currentIndex().row() > 0;
+    const DictionaryEntry* const current = list_->current();
+    shown_ = search_->found();
+    Answers answers = search_->answers();
     if (order_->currentIndex() != 0) {
         answers.sort(Answers::Order::FileOrder);
     }
-    list_->answers().setAnswers(std::move(answers), rest);
-    list_->toStart();
-    fault_->setText(qtext(fault));
-    fault_->setVisible(!fault.empty());
+    list_->answers().setAnswers(std::move(answers), search_->rest());
+    const int row = moved ? list_->answers().rowOf(current) : -1;
+    if (row > 0) {
+        list_->setCurrentIndex(list_->answers().index(row));
+    } else {
+        list_->toStart();
+    }
+    emit shown();
+}
+
+void AnswerPane::tell(const std::string& line)
+{
+    fault_->setText(qtext(line));
+    fault_->setVisible(!line.empty());
 }
 
 void AnswerPane::enable()

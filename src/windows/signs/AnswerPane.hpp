@@ -1,14 +1,18 @@
 #pragma once
 
+#include <QElapsedTimer>
+#include <QTimer>
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <string>
 
-#include "dictionary/Answers.hpp"
+#include "dictionary/AnswerSearch.hpp"
 
 class QCheckBox;
 class QComboBox;
 class QLabel;
+class QProgressBar;
 class QPushButton;
 
 namespace karvel {
@@ -26,15 +30,31 @@ class AnswerPane : public QWidget {
 
     [[nodiscard]] AnswerList& list() { return *list_; }
 
-    /// Shows `answers`, sorted best first; `heading` is the title of a saved list, `fault` the line about an
-    /// error, empty for none.
-    void show(Answers answers, const std::string& rest, const std::string& heading, const std::string& fault);
+    /// Shows the answers of `search`, which it reads to its end while the windows go on working. The answers
+    /// of a short reading stand there at the return; those of a long one appear while it is read.
+    void follow(std::shared_ptr<AnswerSearch> search);
+
+    /// Ends the reading; the answers found so far stay, with a line that tells so. False when there is none.
+    bool stop();
+
+    [[nodiscard]] bool reading() const { return next_.isActive(); }
+
+    /// The title of a saved list.
+    void setHeading(const std::string& heading) { heading_ = heading; }
 
     void choose();
     void useSigns();
 
+  signals:
+    /// Other answers are shown.
+    void shown();
+
   private:
     QPushButton* button(const QString& caption, const char* name, const std::function<void()>& handler);
+    QWidget* progressLine();
+    void readOn(int milliseconds);
+    void showFound();
+    void tell(const std::string& line);
     void save();
     void write(const QString& path, bool csv);
     void enable();
@@ -45,7 +65,13 @@ class AnswerPane : public QWidget {
     QComboBox* order_;
     QPushButton* use_;
     QPushButton* save_;
+    QProgressBar* progress_;
+    QWidget* reading_;  ///< the line with the progress; hidden while nothing is read
     std::string heading_;
+    std::shared_ptr<AnswerSearch> search_;  ///< null when its reading has ended
+    std::size_t shown_ = 0;                 ///< how many of its answers the list has
+    QElapsedTimer begun_;                   ///< since `follow`
+    QTimer next_;                           ///< reads the next piece
 };
 
 }  // namespace karvel

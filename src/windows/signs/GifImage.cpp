@@ -98,7 +98,7 @@ bool unpack(std::string_view data, unsigned codeSize, std::size_t colours, std::
         std::size_t start;
         std::size_t length;
     };
-    std::array<Run, kMostCodes> runs;
+    std::array<Run, kMostCodes> runs{};
     const unsigned clear = 1U << codeSize;
     const unsigned end = clear + 1;
     Codes codes(data);

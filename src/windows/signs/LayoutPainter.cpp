@@ -9,10 +9,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/Session.hpp"
+#include "app/PhraseClipboard.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
-#include "writing/Grouping.hpp"
+#include "writing/ManuelDeCodage.hpp"
 #include "writing/Shapes.hpp"
 #include "writing/Svg.hpp"
 
@@ -24,10 +24,11 @@ constexpr int kPlacements = 2000;         // those of the longest lists that are
 constexpr qreal kFewestPixels = 4;        // of a block; below this nothing can be recognised
 constexpr qreal kMostPixels = 4'000'000;  // of a cached picture; a larger one is painted each time
 
-QString keyOf(const std::string& codes, const PhraseLook& look)
+QString keyOf(const Session& session, const std::string& codes, const PhraseLook& look)
 {
+    const Layout* const own = session.arrangement().of(codes);
     return QStringLiteral("%1|%2%3%4|%5")
-        .arg(qtext(codes))
+        .arg(qtext(own == nullptr ? codes : manuelDeCodage(*own)))
         .arg(look.ring)
         .arg(look.placement.rightToLeft)
         .arg(look.placement.columns)
@@ -116,15 +117,15 @@ SignDrawings& LayoutPainter::drawings()
     return *drawings_;
 }
 
-Layout LayoutPainter::layoutOf(const std::string& codes, const PhraseLook& look)
+Layout LayoutPainter::layoutOf(const std::string& codes, const PhraseLook& look) const
 {
-    Layout layout = blocksOf(codes);
+    Layout layout = karvel::layoutOf(session_, codes);
     return look.ring ? ringed(std::move(layout)) : layout;
 }
 
 std::shared_ptr<const Placement> LayoutPainter::placementOf(const std::string& codes, const PhraseLook& look)
 {
-    const QString key = keyOf(codes, look);
+    const QString key = keyOf(session_, codes, look);
     if (const auto* const known = placements_.object(key)) {
         return *known;
     }
@@ -186,7 +187,7 @@ void LayoutPainter::paintCached(QPainter& painter, const std::string& codes, con
     }
     static_cast<void>(drawings());  // empties the cache when another directory was set
     const QString key = QStringLiteral("blocks|%1|%2|%3|%4")
-                            .arg(keyOf(codes, look), look.ink.name(QColor::HexArgb))
+                            .arg(keyOf(session_, codes, look), look.ink.name(QColor::HexArgb))
                             .arg(blockHeight)
                             .arg(ratio);
     QPixmap picture;

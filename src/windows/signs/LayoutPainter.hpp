@@ -33,8 +33,9 @@ class LayoutPainter : public QObject {
     /// The one that belongs to `desktop` and lives as long.
     [[nodiscard]] static LayoutPainter& of(Desktop& desktop);
 
-    /// The phrase in blocks, in a cartouche if the look has one.
-    [[nodiscard]] static Layout layoutOf(const std::string& codes, const PhraseLook& look);
+    /// The phrase in blocks, in a cartouche if the look has one. The groups are the user's own while `codes`
+    /// is the phrase that the user has grouped.
+    [[nodiscard]] Layout layoutOf(const std::string& codes, const PhraseLook& look) const;
 
     /// That layout with places. Placements are cached; the pointer shares one.
     [[nodiscard]] std::shared_ptr<const Placement> placementOf(const std::string& codes,

@@ -5,6 +5,7 @@
 
 #include "base/SignCode.hpp"
 #include "text/PhraseText.hpp"
+#include "windows/signs/PhraseFit.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/Theme.hpp"
@@ -13,7 +14,7 @@ namespace karvel {
 
 namespace {
 
-constexpr int kSide = 24;  // of a sign, logical pixels
+constexpr int kBlock = 23;  // height of a block of signs, logical pixels
 
 }  // namespace
 
@@ -41,8 +42,8 @@ void PhraseNote::showPhrase()
     update();
 }
 
-/// The text takes the width that it needs, up to half; the signs stand before it, the last ones when there
-/// are too many.
+/// The text takes the width that it needs, up to half; the signs stand before it in blocks, the last ones
+/// when there are too many.
 void PhraseNote::paintEvent(QPaintEvent* /*event*/)
 {
     if (text_.isEmpty()) {
@@ -50,22 +51,13 @@ void PhraseNote::paintEvent(QPaintEvent* /*event*/)
     }
     constexpr int kGap = 8;
     QPainter painter(this);
-    const QColor paper = paletteFor(colour(desktop_.session().colours().display)).color(QPalette::Window);
-    const auto pieces = splitCodes(codes_);
     const int textWidth = std::min(fontMetrics().horizontalAdvance(text_) + 2, width() / 2);
-    const int room = std::max(0, width() - textWidth - kGap) / (kSide + 2);
-    const int shown = std::min(static_cast<int>(pieces.size()), room);
-    int left = width() - textWidth - kGap - shown * (kSide + 2);
-    if (shown > 0) {
-        painter.fillRect(left, 0, shown * (kSide + 2), height(), paper);
-        painter.setPen(inkOn(paper));
-    }
-    for (auto piece = pieces.end() - shown; piece != pieces.end(); ++piece, left += kSide + 2) {
-        const QRect cell(left, 0, kSide + 2, height());
-        if (!desktop_.pictures().draw(painter, desktop_.session().images().path(*piece),
-                                      QRectF(cell).center(), kSide)) {
-            painter.drawText(cell, Qt::AlignCenter, qtext(*piece));
-        }
+    const qreal room = width() - textWidth - kGap;
+    const PhraseLook look{.ink = palette().color(QPalette::WindowText)};
+    const std::string shown = signsThatFit(codes_, Shown::End, room, kBlock, look, desktop_);
+    const qreal wanted = phraseSize(shown, kBlock, look, desktop_).width();
+    if (wanted <= room) {
+        paintPhrase(painter, {room - wanted, 0, wanted, 1.0 * height()}, shown, kBlock, look, desktop_);
     }
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(QRect(width() - textWidth, 0, textWidth, height()), Qt::AlignVCenter | Qt::AlignLeft,

@@ -32,9 +32,9 @@ constexpr int kPdfResolution = 1200;
 
 const QString kTitle = QStringLiteral("Salva figura");
 
-std::string titleOf(const PhrasePicture& picture)
+std::string titleOf(const PhrasePicture& picture, const LayoutPainter& layouts)
 {
-    return manuelDeCodage(LayoutPainter::layoutOf(picture.codes, picture.look));
+    return manuelDeCodage(layouts.layoutOf(picture.codes, picture.look));
 }
 
 /// The picture with its margin, `blockHeight` in the unit of the painter.
@@ -130,7 +130,7 @@ QByteArray svgOf(const PhrasePicture& picture, Desktop& desktop)
 {
     LayoutPainter& layouts = LayoutPainter::of(desktop);
     return QByteArray::fromStdString(svgOf(*layouts.placementOf(picture.codes, picture.look),
-                                           picture.blockHeight, titleOf(picture), layouts.drawings())
+                                           picture.blockHeight, titleOf(picture, layouts), layouts.drawings())
                                          .text);
 }
 
@@ -139,7 +139,7 @@ bool writePdf(const PhrasePicture& picture, QIODevice& device, Desktop& desktop)
     const QSizeF size = phraseSize(picture.codes, picture.blockHeight, picture.look, desktop);
     QPdfWriter pdf(&device);
     pdf.setCreator(QStringLiteral("Karvel"));
-    pdf.setTitle(qtext(titleOf(picture)));
+    pdf.setTitle(qtext(titleOf(picture, LayoutPainter::of(desktop))));
     pdf.setResolution(kPdfResolution);
     pdf.setPageSize(QPageSize(size / kPixelsPerInch, QPageSize::Inch, {}, QPageSize::ExactMatch));
     pdf.setPageMargins(QMarginsF(0, 0, 0, 0));

@@ -32,7 +32,7 @@ struct PhrasePicture {
 void copyPicture(const PhrasePicture& picture, Desktop& desktop);
 
 /// Asks for a file, and for PNG also for the height, and writes the picture: PNG, SVG or PDF. A failure is
-/// told in a box; an existing file then stays as it was.
+/// reported in a box; an existing file then stays as it was.
 void savePicture(QWidget& parent, PhrasePicture picture, Desktop& desktop);
 
 }  // namespace karvel

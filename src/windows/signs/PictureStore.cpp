@@ -95,7 +95,7 @@ QImage PictureStore::decoded(const std::string& systemPath)
     if (const QImage* const known = images_.object(name)) {
         return *known;
     }
-    const QImage image = decodedImage(drives_, systemPath);
+    QImage image = decodedImage(drives_, systemPath);
     if (!image.isNull()) {
         good_.insert(systemPath);
         images_.insert(name, new QImage(image), kilobytes(image.sizeInBytes()));
@@ -160,7 +160,7 @@ QPixmap PictureStore::scaled(const std::string& systemPath, int side, qreal rati
 }
 
 /// At a high resolution the pictures are larger, so the cache may grow with them.
-void PictureStore::makeRoomFor(int pixels)
+void PictureStore::enlargeCacheFor(int pixels)
 {
     const qsizetype allPages = qsizetype(kPages * kKeys) * kilobytes(expectedBytes(pixels));
     scaled_.setMaxCost(std::clamp(allPages * 4 / 3, kScaledKilobytes, kMostKilobytes));
@@ -173,15 +173,15 @@ void PictureStore::prepare(const std::vector<std::string>& systemPaths, int side
     if (pixels <= 0) {
         return;
     }
-    makeRoomFor(pixels);
+    enlargeCacheFor(pixels);
     images_.setMaxCost(kDecodedKilobytes);
-    qsizetype room = scaled_.maxCost() * 9 / 10;
+    qsizetype unused = scaled_.maxCost() * 9 / 10;
     std::vector<std::string> wanted;
     for (const std::string& path : systemPaths) {
         const Scaled* const known = scaled_.object(key(path, pixels));  // this also marks it as used
-        room -= known != nullptr ? kilobytes(qsizetype(4) * known->pixmap.width() * known->pixmap.height())
-                                 : kilobytes(expectedBytes(pixels));
-        if (room < 0) {
+        unused -= known != nullptr ? kilobytes(qsizetype(4) * known->pixmap.width() * known->pixmap.height())
+                                   : kilobytes(expectedBytes(pixels));
+        if (unused < 0) {
             break;
         }
         if (known == nullptr && !path.empty()) {

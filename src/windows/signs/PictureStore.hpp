@@ -62,7 +62,7 @@ class PictureStore : public Pictures {
     [[nodiscard]] QImage decoded(const std::string& systemPath);
     const Scaled* find(const std::string& systemPath, int pixels);
     void keep(const std::string& systemPath, int pixels, const Cropped& picture);
-    void makeRoomFor(int pixels);
+    void enlargeCacheFor(int pixels);
 
     Drives drives_;
     QCache<QString, QImage> images_;

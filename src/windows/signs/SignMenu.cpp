@@ -6,9 +6,9 @@
 #include <QMenu>
 #include <QMimeData>
 
+#include "app/PhraseClipboard.hpp"
 #include "base/SignCode.hpp"
 #include "base/SignRepertoire.hpp"
-#include "text/PhraseText.hpp"
 #include "windows/VociWindow.hpp"
 #include "windows/signs/SignButton.hpp"
 #include "windows/signs/SignCell.hpp"
@@ -19,6 +19,9 @@
 namespace karvel {
 
 namespace {
+
+/// The form of the clipboard in which a phrase keeps its groups.
+const QString kCodageForm = QStringLiteral("text/x-manuel-de-codage");
 
 std::string codeOf(QObject* widget)
 {
@@ -33,14 +36,25 @@ std::string codeOf(QObject* widget)
 
 }  // namespace
 
-void copyPhrase(const std::string& codes)
+void copyPhrase(Session& session, const std::string& codes)
 {
+    const CopiedPhrase phrase = copied(session, codes);
     auto* const data = new QMimeData;
-    data->setText(qtext(unicodeOf(codes)));
-    data->setData(QStringLiteral("text/x-gardiner"), QByteArray::fromStdString(gardinerOf(codes)));
+    data->setText(qtext(phrase.text));
+    data->setData(QStringLiteral("text/x-gardiner"), QByteArray::fromStdString(phrase.gardiner));
+    data->setData(kCodageForm, QByteArray::fromStdString(phrase.codage));
     data->setHtml(QStringLiteral("<span title=\"%1\">%2</span>")
-                      .arg(qtext(gardinerOf(codes)).toHtmlEscaped(), qtext(unicodeOf(codes))));
+                      .arg(qtext(phrase.codage).toHtmlEscaped(), qtext(phrase.text)));
     QApplication::clipboard()->setMimeData(data);
+}
+
+void pastePhrase(Session& session)
+{
+    const QMimeData* const data = QApplication::clipboard()->mimeData();
+    const std::string codage = data == nullptr ? std::string() : data->data(kCodageForm).toStdString();
+    // A sign without number is "?" there, as in the text: the text is read, so that the user is told.
+    const bool whole = !codage.empty() && codage.find('?') == std::string::npos;
+    paste(session, whole ? codage : typed(QApplication::clipboard()->text()));
 }
 
 SignMenu::SignMenu(Desktop& desktop, WindowSet& windows) : desktop_(desktop), windows_(windows)
@@ -85,7 +99,7 @@ void SignMenu::popUp(QWidget& sign, const std::string& code, const QPoint& at)
     QAction* const usedIn = menu->addAction(QStringLiteral("&Usato in ..."));
     copy->setEnabled(SignRepertoire::standard().byCode(code) != nullptr);
     connect(insertItem, &QAction::triggered, &sign, [this, &sign, code] { insert(sign, code); });
-    connect(copy, &QAction::triggered, this, [code] { copyPhrase(code); });
+    connect(copy, &QAction::triggered, this, [this, code] { copyPhrase(desktop_.session(), code); });
     connect(usedIn, &QAction::triggered, this,
             [this, code] { windows_.open<Voci>().list(Mode::Contains, code); });
     menu->popup(at);

@@ -9,6 +9,7 @@ class QWidget;
 namespace karvel {
 
 class Desktop;
+class Session;
 class WindowSet;
 
 /// The menu of a right click on a sign, in every window: insert, copy, "Usato in ...". A sign whose context
@@ -31,8 +32,11 @@ class SignMenu : public QObject {
     WindowSet& windows_;
 };
 
-/// Puts the phrase or sign `codes` on the clipboard: Unicode hieroglyphs, and Gardiner numbers as a second
-/// form.
-void copyPhrase(const std::string& codes);
+/// Puts the phrase or sign `codes` on the clipboard: Unicode hieroglyphs, Gardiner numbers, and Manuel de
+/// Codage with the groups.
+void copyPhrase(Session& session, const std::string& codes);
+
+/// Appends what is on the clipboard to the phrase, a copied phrase with its groups.
+void pastePhrase(Session& session);
 
 }  // namespace karvel

@@ -16,7 +16,7 @@ int rowsFor(std::size_t keys, int columns)
     return (static_cast<int>(keys) + columns - 1) / columns;
 }
 
-int room(int side, int count)
+int lengthOf(int side, int count)
 {
     return side * count + kGap * (count - 1);
 }
@@ -76,13 +76,13 @@ QSize SquareGrid::sizeHint() const
 {
     const int rows = rows_ > 0 ? rows_ : 4;
     const int columns = rowsFor(keys_.size(), rows);
-    return {room(kUsualSide, columns), room(kUsualSide, rows)};
+    return {lengthOf(kUsualSide, columns), lengthOf(kUsualSide, rows)};
 }
 
 QSize SquareGrid::minimumSizeHint() const
 {
     const int rows = rows_ > 0 ? rows_ : 4;
-    return {room(kSmallestSide, rowsFor(keys_.size(), rows)), room(kSmallestSide, rows)};
+    return {lengthOf(kSmallestSide, rowsFor(keys_.size(), rows)), lengthOf(kSmallestSide, rows)};
 }
 
 void SquareGrid::resizeEvent(QResizeEvent* event)
@@ -110,8 +110,8 @@ void SquareGrid::arrange()
     }
     const int side = std::clamp(bestSide, 1, largestSide_);
     const int rows = rowsFor(keys_.size(), columns_);
-    const int left = (width() - room(side, columns_)) / 2;
-    const int top = (height() - room(side, rows)) / 2;
+    const int left = (width() - lengthOf(side, columns_)) / 2;
+    const int top = (height() - lengthOf(side, rows)) / 2;
     for (int i = 0; i < count; ++i) {
         keys_[static_cast<std::size_t>(i)]->setGeometry(left + i % columns_ * (side + kGap),
                                                         top + i / columns_ * (side + kGap), side, side);

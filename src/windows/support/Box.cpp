@@ -23,11 +23,11 @@ constexpr int kAroundText = 130;  // the height of the buttons and the margins
 constexpr int kBesideText = 120;  // the width of the icon and the margins
 constexpr int kGap = 8;           // between the box and a window that it must not cover
 
-/// Gives the view the size that its text needs within `room`.
-void fitToText(QTextEdit& view, QSize room)
+/// Gives the view the size that its text needs within `area`.
+void fitToText(QTextEdit& view, QSize area)
 {
     QTextDocument& text = *view.document();
-    const int widest = std::clamp(room.width() - kBesideText, kNarrowest, kWidest);
+    const int widest = std::clamp(area.width() - kBesideText, kNarrowest, kWidest);
     int longest = 0;
     for (QTextBlock line = text.begin(); line.isValid(); line = line.next()) {
         longest = std::max(longest, view.fontMetrics().horizontalAdvance(line.text()));
@@ -36,7 +36,7 @@ void fitToText(QTextEdit& view, QSize room)
     view.setLineWrapMode(QTextEdit::FixedPixelWidth);
     view.setLineWrapColumnOrWidth(width);
     const int height = static_cast<int>(std::ceil(text.size().height()));
-    const int highest = std::min(room.height() * 2 / 3, room.height() - kAroundText);
+    const int highest = std::min(area.height() * 2 / 3, area.height() - kAroundText);
     const bool scrolls = height > highest;
     view.setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     view.setFocusPolicy(scrolls ? Qt::StrongFocus : Qt::ClickFocus);
@@ -85,7 +85,7 @@ void Box::showText(QString text)
     grid->removeWidget(label);
     label->hide();
     view_ = textView(this, text);
-    fitToText(*view_, roomOnScreen(*this).size());
+    fitToText(*view_, usableArea(*this).size());
     grid->addWidget(view_, row, column, rows, columns, Qt::AlignLeft | Qt::AlignVCenter);
 }
 
@@ -98,15 +98,15 @@ void Box::showEvent(QShowEvent* event)
 /// Moves the box beside a window that it must not cover.
 void Box::stepAside()
 {
-    const QRect room = roomOnScreen(*this);
+    const QRect area = usableArea(*this);
     for (const QWidget* const other : QApplication::topLevelWidgets()) {
         const QRect there = other->frameGeometry();
         if (!other->isVisible() || !other->property(kKeepVisible).toBool() || !there.intersects(geometry())) {
             continue;
         }
-        const int top = std::max(room.top(), std::min(y(), room.bottom() + 1 - height()));
+        const int top = std::max(area.top(), std::min(y(), area.bottom() + 1 - height()));
         for (const int left : {there.right() + 1 + kGap, there.left() - kGap - width()}) {
-            if (left >= room.left() && left + width() <= room.right() + 1) {
+            if (left >= area.left() && left + width() <= area.right() + 1) {
                 move(left, top);
                 return;
             }

@@ -13,6 +13,7 @@ void Desktop::handle(const std::function<void()>& handler)
     } catch (const RuntimeError& error) {
         session_.ui().ask(defaultErrorReport(error));
     }
+    session_.arrangement().follow(session_.display().DisplayCodes());
     emit changed();
 }
 

@@ -16,29 +16,29 @@ constexpr int kTitleBar = 36;
 
 }  // namespace
 
-QRect roomOnScreen(const QWidget& window)
+QRect usableArea(const QWidget& window)
 {
     return window.screen()->availableGeometry().adjusted(kBorder, kTitleBar, -kBorder, -kBorder);
 }
 
 void keepOnScreen(QWidget& window)
 {
-    const QRect room = roomOnScreen(window);
-    window.resize(window.size().boundedTo(room.size()));
+    const QRect area = usableArea(window);
+    window.resize(window.size().boundedTo(area.size()));
     if (window.testAttribute(Qt::WA_Moved)) {
-        const int right = std::max(room.left(), room.right() + 1 - window.width());
-        const int bottom = std::max(room.top(), room.bottom() + 1 - window.height());
-        window.move(std::clamp(window.x(), room.left() - kBorder, right),
-                    std::clamp(window.y(), room.top() - kTitleBar, bottom - kTitleBar));
+        const int right = std::max(area.left(), area.right() + 1 - window.width());
+        const int bottom = std::max(area.top(), area.bottom() + 1 - window.height());
+        window.move(std::clamp(window.x(), area.left() - kBorder, right),
+                    std::clamp(window.y(), area.top() - kTitleBar, bottom - kTitleBar));
     }
 }
 
 void placeOverPalette(QWidget& window, const QWidget& main, QSize usual)
 {
-    const QRect room = roomOnScreen(main);
-    window.resize(usual.boundedTo(room.size() * 9 / 10));
+    const QRect area = usableArea(main);
+    window.resize(usual.boundedTo(area.size() * 9 / 10));
     window.move(main.geometry().center().x() - window.width() / 2,
-                std::min(main.geometry().bottom(), room.bottom()) - window.height());
+                std::min(main.geometry().bottom(), area.bottom()) - window.height());
     keepOnScreen(window);
 }
 

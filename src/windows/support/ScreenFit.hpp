@@ -10,7 +10,7 @@ namespace karvel {
 
 /// The part of the window's screen that its content may take: the free area without the window's frame,
 /// logical pixels.
-[[nodiscard]] QRect roomOnScreen(const QWidget& window);
+[[nodiscard]] QRect usableArea(const QWidget& window);
 
 /// Makes the window no larger than that, and moves it wholly onto the screen if it was placed.
 void keepOnScreen(QWidget& window);

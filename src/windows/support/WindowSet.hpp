@@ -30,7 +30,7 @@ class WindowSet : public WindowOpener {
     template <typename Window>
     Window& open()
     {
-        Window* window = opened<Window>();
+        auto* window = opened<Window>();
         if (window == nullptr) {
             window = new Window(*desktop_, mainWindow_);
         }

@@ -8,9 +8,9 @@ namespace karvel {
 
 namespace {
 
-constexpr std::size_t kLongest = 20;     ///< longer spellings are too few to be worth the time
-constexpr std::size_t kLeastForTwo = 3;  ///< signs of a spelling with two differences
-constexpr std::size_t kLongestForTwo = 8;
+constexpr std::size_t kLongest = 20;       ///< longer spellings are too few to be worth the time
+constexpr std::size_t kLeastOther = 3;     ///< signs of one in which a sign is replaced; two must be the same
+constexpr std::size_t kLongestForTwo = 8;  ///< signs of one with two changes
 constexpr std::size_t kLongestChanged = 10;  ///< signs of a changed spelling; the time grows with the square
 
 /// A word with n spellings, seen t times, is written in a new way with probability (kNewEach n + kNewOnce) /
@@ -198,11 +198,11 @@ void Lexicon::changedSpellings(SignsView signs, std::vector<Candidate>& found) c
         }
     };
     const std::size_t length = signs.size();
-    eachGap(bySigns_.get(hashOf(signs)).gap,
-            [&](const Spelling& known, std::size_t gap) { offer(known, fewer(known, gap)); });
     if (length < 2) {
         return;
     }
+    eachGap(bySigns_.get(hashOf(signs)).gap,
+            [&](const Spelling& known, std::size_t gap) { offer(known, fewer(known, gap)); });
     static const float logMoved = std::log(kMoved);
     const float logLength = logOf(length);
     const auto other = [&](std::size_t at, char16_t known) {
@@ -214,23 +214,24 @@ void Lexicon::changedSpellings(SignsView signs, std::vector<Candidate>& found) c
         added[at] = more(signs, at);
         const Signs left = bySigns_.get(hashes[at]);
         offerShorter(left, added[at]);
+        if (length < kLeastOther) {
+            continue;
+        }
         eachGap(left.gap, [&](const Spelling& known, std::size_t gap) {
             const char16_t sign = known.signs[gap];
             if (sign == signs[at]) {
                 offer(known, logMoved - logLength);
-            } else if (gap == at) {
-                offer(known, other(at, sign));
-            } else if (length >= kLeastForTwo) {
-                offer(known, added[at] + fewer(known, gap));
+            } else {
+                offer(known, gap == at ? other(at, sign) : added[at] + fewer(known, gap));
             }
         });
     }
-    for (std::size_t at = 0; length >= kLeastForTwo && length <= kLongestForTwo && at < length; ++at) {
+    for (std::size_t at = 0; length >= kLeastOther && length <= kLongestForTwo && at < length; ++at) {
         for (std::size_t next = at + 1; next < length; ++next) {
             const Signs left = bySigns_.get(hashes.without(at, next));
             offerShorter(left, added[at] + added[next]);
-            if (length == kLeastForTwo) {
-                continue;  // only one sign would be the same
+            if (length == kLeastOther) {
+                continue;
             }
             eachGap(left.gap, [&](const Spelling& known, std::size_t gap) {
                 if (gap == at) {

@@ -34,6 +34,7 @@ void layOut(QTextDocument& document, qreal width, const QColor& link)
         QTextBlockFormat format = block.blockFormat();
         const bool picture = block.text().contains(QChar::ObjectReplacementCharacter);
         format.setLineHeight(picture ? 100 : kLineHeight, QTextBlockFormat::ProportionalHeight);
+        format.setNonBreakableLines(false);  // a long command would make the whole page scroll sideways
         format.setTopMargin(format.headingLevel() > 0 ? 18 : 4);
         cursor.setBlockFormat(format);
         for (auto part = block.begin(); !part.atEnd(); ++part) {

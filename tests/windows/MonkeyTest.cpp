@@ -11,6 +11,8 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPointer>
+#include <algorithm>
+#include <filesystem>
 #include <random>
 #include <set>
 
@@ -210,6 +212,17 @@ void Monkey::answer(QWidget& box)
     accepted ? dialog->accept() : dialog->reject();
 }
 
+/// Whether the update of the dictionary has kept the file `before` beside the new one.
+bool standsBeside(Stage& stage, const std::string& before)
+{
+    return std::ranges::any_of(
+        std::filesystem::directory_iterator(stage.drive().host(kDictionary).parent_path()),
+        [&](const auto& entry) {
+            return entry.path().filename().string().starts_with("dizio.old") &&
+                   stage.drive().read(utf8Path(entry.path())) == before;
+        });
+}
+
 }  // namespace
 
 class MonkeyTest : public QObject {
@@ -235,6 +248,8 @@ class MonkeyTest : public QObject {
         for (int done = 0; done < steps;) {  // the program is left now and then, and begins anew
             Stage stage(shipped);
             const SignMenu menu(stage.desktop(), stage.windows());
+            // Searches in the whole edition, after an update, would take minutes.
+            stage.drive().write("C:\\programmi\\Karvel\\edizione\\dizio.txt", record("c03", "nuova"));
             stage.answerWith([&monkey](QWidget& box) { monkey.answer(box); });
             std::string before = shipped;
             for (; done < steps && stage.form1().isVisible(); ++done) {
@@ -242,7 +257,8 @@ class MonkeyTest : public QObject {
                 QCoreApplication::processEvents();
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 const std::string now = stage.drive().read(kDictionary);
-                QVERIFY2(now.starts_with(before), qPrintable(QString::number(done)));
+                QVERIFY2(now.starts_with(before) || standsBeside(stage, before),
+                         qPrintable(QString::number(done)));
                 QVERIFY2(stage.session().display().signs() <= 84, qPrintable(QString::number(done)));
                 before = now;
             }

@@ -26,7 +26,14 @@ constexpr std::string_view kEnding = ".karvel-lettura";
 constexpr int kPageBlocks = 48;  ///< height of the blocks on a saved page, in pixels
 constexpr std::size_t kLargestFile = std::size_t{1} << 20;
 constexpr int kTextLines = 3;  ///< that a box for text shows
-constexpr std::size_t kPlacesShown = 4;
+constexpr qsizetype kPlacesShown = 4;
+constexpr qsizetype kPlacesInTip = 25;
+constexpr qsizetype kLettersShown = 24;  ///< of what was not understood
+
+QString shortened(const QString& text)
+{
+    return text.size() <= kLettersShown ? text : text.left(kLettersShown) + QChar(0x2026);
+}
 
 /// In any letter case.
 bool endsWith(const std::string& path, std::string_view ending)
@@ -227,13 +234,13 @@ void Lettura::showUnknown()
     QStringList places;
     for (const UnknownText& unknown : passage_.signs().unknown) {
         places << QStringLiteral("«%1» (riga %2, carattere %3)")
-                      .arg(qtext(unknown.text))
+                      .arg(shortened(qtext(unknown.text)))
                       .arg(unknown.line)
                       .arg(unknown.column);
     }
     QString text = reader_ ? qtext(reader_->warning()) : QString();
     if (!places.isEmpty()) {
-        const auto shown = std::min(places.size(), static_cast<qsizetype>(kPlacesShown));
+        const auto shown = std::min(places.size(), kPlacesShown);
         text += (text.isEmpty() ? QString() : QStringLiteral("\n")) + QStringLiteral("Non compreso: ") +
                 places.first(shown).join(QStringLiteral(", "));
         if (shown < places.size()) {
@@ -241,7 +248,7 @@ void Lettura::showUnknown()
         }
     }
     unknown_->setText(text);
-    unknown_->setToolTip(places.join(QLatin1Char('\n')));
+    unknown_->setToolTip(places.first(std::min(places.size(), kPlacesInTip)).join(QLatin1Char('\n')));
 }
 
 void Lettura::change(const std::function<void()>& step)
@@ -345,6 +352,9 @@ void Lettura::save()
 
 void Lettura::open()
 {
+    if (!mayClose()) {
+        return;
+    }
     const std::string path = askWhichReadingToOpen(*this, desktop_);
     if (!path.empty()) {
         desktop_.handle([&] { openFrom(path); });

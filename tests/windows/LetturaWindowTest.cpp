@@ -38,18 +38,29 @@ class LetturaWindowTest : public QObject {
         const QTemporaryDir directory;
         const std::string saved = utf8(directory.filePath(QStringLiteral("brano.karvel-lettura")));
         window->saveTo(saved);
+        window->saveTo(saved + ".HTML");
+        QVERIFY(stage.drive().files().readAll(saved + ".HTML").find("<svg ") != std::string::npos);
         QTest::keyClick(lines, Qt::Key_Return);
         control<QAction>(window, "LetturaUnisci")->trigger();
         QCOMPARE(lines->current(), std::size_t(1));
         QVERIFY(!lines->place(1).isEmpty() && lines->place(2).isEmpty());
-        stage.expect({.title = "Lettura",
-                      .text = "Le scelte fatte a mano non sono salvate.\n\nChiudere lo stesso ?",
+        const MessageBox unsaved{.title = "Lettura",
+                                 .text = "Le scelte fatte a mano non sono salvate.\n\nChiudere lo stesso ?",
+                                 .icon = Icon::Question,
+                                 .buttons = Buttons::YesNo,
+                                 .defaultButton = Button::No};
+        stage.expect(unsaved, Button::No);
+        window->close();
+        QVERIFY(window->isVisible());
+        stage.expect({.title = "Uscita programma:",
+                      .text = "Sei sicuro ?",
                       .icon = Icon::Question,
                       .buttons = Buttons::YesNo,
                       .defaultButton = Button::No},
-                     Button::No);
-        window->close();
-        QVERIFY(window->isVisible());
+                     Button::Yes);
+        stage.expect(unsaved, Button::No);
+        stage.form1().close();
+        QVERIFY(stage.form1().isVisible());
         control<QMenu>(window, "LetturaMenu")->close();
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window));

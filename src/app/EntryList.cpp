@@ -14,8 +14,6 @@ namespace karvel {
 
 namespace {
 
-}
-
 std::string csvField(std::string_view field)
 {
     std::string text = "\"";

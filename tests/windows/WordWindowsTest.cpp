@@ -123,7 +123,7 @@ class WordWindowsTest : public QObject {
             QImage page(sheet->size() * 1.3, QImage::Format_RGB32);
             page.fill(Qt::white);
             QPainter painter(&page);
-            sheet->draw(painter, QRectF(page.rect()), 1);
+            sheet->draw(painter, QRectF(page.rect()));
             painter.end();
             for (const SheetSign* const sign : sheet->findChildren<SheetSign*>()) {
                 QVERIFY2(inkAt(sign, page, sheet), sign->code().c_str());

@@ -51,10 +51,11 @@ std::optional<Word> WordSplitter::find(std::string_view phrase)
 {
     const BusyPointer hourglass(ui_);
     RecordReader reader(openDictionary(files_, ui_));
-    const auto remember = [this](const std::optional<DictionaryEntry>& entry) {
+    const auto remember = [this, phrase](const std::optional<DictionaryEntry>& entry) {
         if (entry) {
             last_.translation = upperCase(entry->translation);
             last_.note = entry->note;
+            last_.phrase = phrase;
         }
     };
     std::optional<Word> word;
@@ -84,7 +85,7 @@ void WordSplitter::run(std::string_view phrase)
         if (ui_.ask(wordBox(word->entry)) == Button::Cancel) {
             return;
         }
-        words_.add(word->entry.translation);
+        words_.add(word->entry.translation, word->entry.signs);
         if (word->length == phrase.size()) {
             return;  // kept: the last word stays on the display, as the phrase that it is
         }

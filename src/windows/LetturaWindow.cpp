@@ -9,10 +9,12 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "app/PassageStudy.hpp"
 #include "text/Transliteration.hpp"
 #include "windows/ReadingFiles.hpp"
 #include "windows/ReadingLines.hpp"
 #include "windows/ReadingMenu.hpp"
+#include "windows/StudyPages.hpp"
 #include "windows/signs/PhrasePicture.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
@@ -162,18 +164,23 @@ void Lettura::buildBottom(QBoxLayout& column)
                                     QStringLiteral("apre una lettura salvata o un file di testo"));
     auto* const saveButton = button("LetturaSalva", QStringLiteral("&Salva..."),
                                     QStringLiteral("salva la lettura, o la scrive come pagina o come testo"));
+    auto* const printButton = button("LetturaStampa", QStringLiteral("S&tampa..."),
+                                     QStringLiteral("stampa la lettura come foglio di studio"));
     undo_ = button("LetturaAnnulla", QStringLiteral("Ann&ulla modifica"),
                    QStringLiteral("toglie l'ultima correzione"));
     undo_->setToolTip(QStringLiteral("Ctrl+Z"));
     auto* const shut = button("Command1", QStringLiteral("&Chiudi"), QStringLiteral("chiude la finestra"));
     connect(openButton, &QPushButton::clicked, this, &Lettura::open);
     connect(saveButton, &QPushButton::clicked, this, &Lettura::save);
+    connect(printButton, &QPushButton::clicked, this,
+            [this] { askAndPrintStudy(*this, studyOf(passage_), desktop_); });
     connect(undo_, &QPushButton::clicked, this, &Lettura::undo);
     connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, undo_, &QPushButton::click);
     connect(shut, &QPushButton::clicked, this, &Lettura::close);
     auto* const row = new QHBoxLayout;
     row->addWidget(openButton);
     row->addWidget(saveButton);
+    row->addWidget(printButton);
     row->addWidget(undo_);
     row->addStretch(1);
     row->addWidget(shut);

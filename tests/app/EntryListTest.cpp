@@ -48,6 +48,16 @@ TEST(EntryList, HasTheAnswersOfTheSearchInEachMode)
     }
 }
 
+TEST(EntryList, KnowsTheRestAtTheEndOnly)
+{
+    testing::TemporaryDrive drive;
+    drive.write(kDictionaryPath, record("a01", "uno"));
+    EntryList asked(drive.files(), Mode::Split, "a01a02a03a04");
+    EXPECT_TRUE(asked.read([] { return true; }));  // a02 has not been asked yet
+    EXPECT_EQ(asked.rest(), "");
+    EXPECT_EQ(asked.percent(), 25);
+}
+
 TEST(EntryList, IsWrittenForOtherPrograms)
 {
     Answers answers;

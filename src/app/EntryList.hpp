@@ -18,7 +18,10 @@ class EntryList : public AnswerSearch {
     EntryList(const FileSystem& files, Mode mode, std::string_view phrase);
 
     /// Best first; in the mode Split in the order of the phrase.
-    [[nodiscard]] Answers answers() const override { return Answers::of(found_); }
+    [[nodiscard]] Answers answers() const override
+    {
+        return mode_ == Mode::Split ? Answers::unfolded(found_) : Answers::of(found_);
+    }
     [[nodiscard]] std::size_t found() const override { return found_.size(); }
 
     /// Split: the signs with which no word begins.

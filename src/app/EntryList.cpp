@@ -88,17 +88,21 @@ bool EntryList::step()
 /// Finds the next word of the phrase in one pass over the file.
 bool EntryList::splitOff()
 {
-    rest_ = left_;  // also when the pass fails
     RecordReader reader(openFollowed(files_, kDictionaryPath, progress_));
     std::optional<Word> word = longestWord(reader, left_);
     if (!word) {
         return false;
     }
     left_.remove_prefix(word->length);
-    rest_ = left_;
     found_.push_back(
         {.entry = std::make_shared<DictionaryEntry>(std::move(word->entry)), .order = found_.size()});
     return !left_.empty();
+}
+
+int EntryList::percent() const
+{
+    return mode_ == Mode::Split ? static_cast<int>(100 - 100 * left_.size() / phrase_.size())
+                                : progress_.percent();
 }
 
 std::string EntryList::heading(const Answers& shown) const
@@ -114,8 +118,10 @@ std::string faultLine(const RuntimeError& failure)
 
 std::string stoppedLine(int percent, std::size_t found)
 {
-    return "Lettura interrotta al " + std::to_string(percent) + "% del dizionario: l'elenco ha " +
-           (found == 1 ? "la voce trovata" : "le " + std::to_string(found) + " voci trovate") + " fin lì.";
+    const std::string rows = found == 0   ? "non ha ancora voci"
+                             : found == 1 ? "ha la voce trovata fin lì"
+                                          : "ha le " + std::to_string(found) + " voci trovate fin lì";
+    return "Lettura interrotta al " + std::to_string(percent) + "% del dizionario: l'elenco " + rows + ".";
 }
 
 void showEntry(Session& session, const DictionaryEntry& entry, const std::string& searched)

@@ -21,13 +21,20 @@ class EntryList : public AnswerSearch {
     EntryList(const FileSystem& files, Mode mode, std::string_view phrase);
 
     /// Best first; in the mode Split in the order of the phrase.
-    [[nodiscard]] Answers answers() const override { return Answers::of(found_); }
+    [[nodiscard]] Answers answers() const override
+    {
+        return mode_ == Mode::Split ? Answers::unfolded(found_) : Answers::of(found_);
+    }
     [[nodiscard]] std::size_t found() const override { return found_.size(); }
 
-    /// Split: the signs with which no word begins, once the reading has ended.
-    [[nodiscard]] std::string rest() const override { return rest_; }
+    /// Split: the signs with which no word begins.
+    [[nodiscard]] std::string rest() const override
+    {
+        return ended() && mode_ == Mode::Split ? std::string(left_) : std::string();
+    }
 
-    [[nodiscard]] int percent() const override { return progress_.percent(); }
+    /// Of the file; Split, which reads it once for each word: of the phrase.
+    [[nodiscard]] int percent() const override;
 
     /// "F35 · Cerca simile · 144 parole, 271 voci" for the answers shown.
     [[nodiscard]] std::string heading(const Answers& shown) const;
@@ -40,7 +47,6 @@ class EntryList : public AnswerSearch {
     Mode mode_;
     std::string phrase_;
     std::string_view left_;  ///< Split: what is still to be split
-    std::string rest_;
     std::vector<Answer> found_;
     ReadingProgress progress_;
     std::unique_ptr<RecordReader> reader_;

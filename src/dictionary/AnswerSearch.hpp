@@ -54,13 +54,16 @@ class AnswerSearch {
     /// How many they are.
     [[nodiscard]] virtual std::size_t found() const = 0;
 
-    /// Signs that the answers leave over, as codes.
+    /// Signs that the answers leave over, as codes; empty until the reading has ended.
     [[nodiscard]] virtual std::string rest() const { return {}; }
 
     [[nodiscard]] virtual int percent() const = 0;
 
     /// The fault at which the reading ended.
     [[nodiscard]] const std::optional<RuntimeError>& failure() const { return failure_; }
+
+  protected:
+    [[nodiscard]] bool ended() const { return ended_; }
 
   private:
     /// Reads a record; false when there is none left. Throws RuntimeError.

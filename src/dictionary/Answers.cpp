@@ -42,6 +42,17 @@ Answers Answers::of(const std::vector<Answer>& found)
     return answers;
 }
 
+Answers Answers::unfolded(const std::vector<Answer>& found)
+{
+    Answers answers;
+    answers.all_ = found;
+    for (std::size_t word = 0; word < found.size(); ++word) {
+        answers.words_.push_back({{word}});
+        answers.lines_.push_back(word);
+    }
+    return answers;
+}
+
 void Answers::sort(Order order)
 {
     const auto before = [&](std::size_t left, std::size_t right) {

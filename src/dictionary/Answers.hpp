@@ -48,6 +48,9 @@ class Answers {
     /// All of `found`, sorted best first.
     [[nodiscard]] static Answers of(const std::vector<Answer>& found);
 
+    /// All of `found` in its order, each as a word of its own: a text may have a word twice.
+    [[nodiscard]] static Answers unfolded(const std::vector<Answer>& found);
+
     /// Puts words, and the spellings of each, in `order`; within equal ranks that of the file. Words added
     /// later stand at the end until the next call.
     void sort(Order order);

@@ -138,11 +138,15 @@ class Reader {
             fault = "troppe parentesi una dentro l'altra";
             return {};
         }
-        Group inside = stack(depth + 1);
+        // Within brackets "-" sets groups side by side, as "*" does: there are no blocks inside a block.
+        std::vector<Group> inside;
+        do {
+            inside.push_back(stack(depth + 1));
+        } while (fault.empty() && take('-'));
         if (fault.empty() && !take(')')) {
             fault = "parentesi non chiusa";
         }
-        return inside;
+        return Group::of(Kind::Beside, std::move(inside));
     }
 
     Group sign()

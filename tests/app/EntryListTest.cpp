@@ -33,6 +33,8 @@ TEST(EntryList, HasTheAnswersOfTheSearchInEachMode)
         {Mode::Equal, "a01", whole, "A1 · Termine presente · 1 parola, 1 voce | uno | "},
         {Mode::Split, "a01a02a03a01a05", whole,
          "A1-A2-A3-A1-A5 · Dividi in parole · 2 parole, 2 voci | due altro | a05"},
+        {Mode::Split, "a01a02a03a01a01a02", whole,
+         "A1-A2-A3-A1-A1-A2 · Dividi in parole · 3 parole, 3 voci | due altro due | "},
         {Mode::Split, "a01a02a05", whole + "a01,\"x",
          "A1-A2-A5 · Dividi in parole · 0 parole, 0 voci | | a01a02a05!"},
         {Mode::Contains, "a01", whole + "a01,\"x",
@@ -46,6 +48,16 @@ TEST(EntryList, HasTheAnswersOfTheSearchInEachMode)
         asked.readAll();
         EXPECT_EQ(told(asked), list);
     }
+}
+
+TEST(EntryList, KnowsTheRestAtTheEndOnly)
+{
+    testing::TemporaryDrive drive;
+    drive.write(kDictionaryPath, record("a01", "uno"));
+    EntryList asked(drive.files(), Mode::Split, "a01a02a03a04");
+    EXPECT_TRUE(asked.read([] { return true; }));  // a02 has not been asked yet
+    EXPECT_EQ(asked.rest(), "");
+    EXPECT_EQ(asked.percent(), 25);
 }
 
 TEST(EntryList, IsWrittenForOtherPrograms)

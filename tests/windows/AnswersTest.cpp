@@ -91,9 +91,13 @@ class AnswersTest : public QObject {
             control<QLineEdit>(window, "VociFiltro")->setText(QLatin1String(filter));
             QCOMPARE(rows(list), QStringList{"due"});
         }
+        control<QLineEdit>(window, "VociFiltro")->setText(QStringLiteral("A3"));
+        QCOMPARE(list->current()->signs, std::string("a01a03"));  // the spelling that was asked for
+        QTest::keyClick(list, Qt::Key_Right);
+        QCOMPARE(list->answers().answer(1)->entry->signs, std::string("a01"));
         stage.choose("traduci");
         stage.choose("vociTrovate");
-        QCOMPARE(rows(list), QStringList{"uno"});
+        QCOMPARE(rows(list), (QStringList{"uno", "uno"}));  // the words of the phrase, one after the other
         QVERIFY(stage.noBoxLeft());
     }
 

@@ -35,14 +35,20 @@ void AnswerModel::filter(const std::string& text)
     list();
 }
 
-bool AnswerModel::passes(const Answers::Word& word) const
+/// The first spelling of `word` that passes the filter.
+std::optional<std::size_t> AnswerModel::firstWanted(const Answers::Word& word) const
 {
-    return std::ranges::any_of(word.spellings, [&](std::size_t spelling) {
+    if (!filtered_) {
+        return 0;
+    }
+    const auto found = std::ranges::find_if(word.spellings, [&](std::size_t spelling) {
         return std::ranges::any_of(wanted_, [&](const WordQuestion& question) {
             Answer ignored;
             return question.answeredBy(*answers_.all()[spelling].entry, folded_[spelling], ignored);
         });
     });
+    return found == word.spellings.end() ? std::nullopt
+                                         : std::optional<std::size_t>(found - word.spellings.begin());
 }
 
 void AnswerModel::list()
@@ -57,8 +63,8 @@ void AnswerModel::list()
     rows_.clear();
     open_.assign(answers_.words(), false);
     for (std::size_t line = 0; line < answers_.words(); ++line) {
-        if (!filtered_ || passes(answers_.word(line))) {
-            rows_.push_back({line, 0});
+        if (const auto spelling = firstWanted(answers_.word(line))) {
+            rows_.push_back({line, *spelling});
         }
     }
     endResetModel();
@@ -98,7 +104,10 @@ int AnswerModel::setOpen(int row, bool open)
     if (row < 0 || isRest(row)) {
         return row;
     }
-    const int first = row - static_cast<int>(at(row).spelling);
+    int first = row;
+    while (isSpelling(first)) {
+        --first;
+    }
     const std::size_t line = at(first).line;
     const std::size_t further = furtherSpellings(first);
     if (open_[line] == open || further == 0) {
@@ -110,8 +119,10 @@ int AnswerModel::setOpen(int row, bool open)
     if (open) {
         beginInsertRows({}, first + 1, first + static_cast<int>(further));
         std::vector<Row> spellings;
-        for (std::size_t spelling = 1; spelling <= further; ++spelling) {
-            spellings.push_back({line, spelling});
+        for (std::size_t spelling = 0; spelling <= further; ++spelling) {
+            if (spelling != at(first).spelling) {
+                spellings.push_back({line, spelling, true});
+            }
         }
         rows_.insert(next, spellings.begin(), spellings.end());
         endInsertRows();

@@ -22,8 +22,8 @@ class AnswerModel : public QAbstractListModel {
 
     void sort(Answers::Order order);
 
-    /// Only the words of which a spelling answers `text`, as Italian, transliteration or signs; all when it
-    /// is blank.
+    /// Only the words of which a spelling answers `text`, as Italian, transliteration or signs; their row
+    /// shows the first such spelling. All words when it is blank.
     void filter(const std::string& text);
 
     void showAscii(bool ascii);
@@ -34,12 +34,12 @@ class AnswerModel : public QAbstractListModel {
     [[nodiscard]] const Answer* answer(int row) const;
     [[nodiscard]] const std::string& rest() const { return rest_; }
 
-    /// The row of the word to which `entry` belongs as its first spelling; -1 when there is none.
+    /// The row that shows `entry`; -1 when there is none.
     [[nodiscard]] int rowOf(const DictionaryEntry* entry) const;
 
     /// How many spellings lie closed under a row; 0 where there is nothing to open.
     [[nodiscard]] std::size_t furtherSpellings(int row) const;
-    [[nodiscard]] bool isSpelling(int row) const { return at(row).spelling > 0; }
+    [[nodiscard]] bool isSpelling(int row) const { return at(row).further; }
     [[nodiscard]] bool isOpen(int row) const { return open_[at(row).line]; }
 
     /// Opens or closes the word of `row`; the row of the word.
@@ -54,11 +54,12 @@ class AnswerModel : public QAbstractListModel {
     struct Row {
         std::size_t line;
         std::size_t spelling;
+        bool further = false;  ///< below the row of its word
     };
 
     [[nodiscard]] const Row& at(int row) const { return rows_[static_cast<std::size_t>(row)]; }
     [[nodiscard]] bool isRest(int row) const { return static_cast<std::size_t>(row) >= rows_.size(); }
-    [[nodiscard]] bool passes(const Answers::Word& word) const;
+    [[nodiscard]] std::optional<std::size_t> firstWanted(const Answers::Word& word) const;
     void list();
 
     Answers answers_;

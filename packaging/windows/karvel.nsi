@@ -1,7 +1,7 @@
 ; Karvel's setup program.
 ;
 ; Made by make-setup, which gives:
-;   VERSION    three numbers, "1.0.0"
+;   VERSION    three numbers
 ;   SOURCE     the directory with the tree as it is to lie at C:\programmi\Karvel
 ;   LISTS      the directory with the lists that make-setup wrote: program-files.nsh,
 ;              user-files.nsh, directories.nsh and elenco.txt
@@ -9,6 +9,7 @@
 ;   SIZE_KB    what the installed tree takes
 ;   ICON       the icon
 ;   PICTURE    the picture beside the first and the last page
+;   LICENSE    the text of the licence
 ;
 ; Exit codes: 0 all well, 1 left by the user, 2 nothing or not all could be done.
 
@@ -51,7 +52,7 @@ VIAddVersionKey /LANG=1040 ProductVersion "${VERSION}"
 VIAddVersionKey /LANG=1040 CompanyName "Karvel"
 VIAddVersionKey /LANG=1040 FileDescription "Installazione di Karvel"
 VIAddVersionKey /LANG=1040 FileVersion "${VERSION}"
-VIAddVersionKey /LANG=1040 LegalCopyright ""
+VIAddVersionKey /LANG=1040 LegalCopyright "2026 Progetto Karvel, GPL-3.0-or-later"
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
@@ -60,7 +61,11 @@ VIAddVersionKey /LANG=1040 LegalCopyright ""
 !define MUI_WELCOMEFINISHPAGE_BITMAP_STRETCH AspectFitHeight
 
 !define MUI_WELCOMEPAGE_TITLE "Benvenuti in Karvel ${VERSION}"
-!define MUI_WELCOMEPAGE_TEXT "Karvel è un dizionario tra i segni geroglifici egizi e l'italiano.$\r$\n$\r$\nIl programma viene installato nella sola cartella in cui può funzionare:$\r$\n${ROOT}$\r$\n$\r$\nSe la cartella contiene già un dizionario, impostazioni, preferiti o schede, questi file restano come sono.$\r$\n$\r$\nPremere Installa per continuare."
+!define MUI_WELCOMEPAGE_TEXT "Karvel è un dizionario tra i segni geroglifici egizi e l'italiano.$\r$\n$\r$\nIl programma viene installato nella sola cartella in cui può funzionare:$\r$\n${ROOT}$\r$\n$\r$\nSe la cartella contiene già un dizionario, impostazioni, preferiti o schede, questi file restano come sono.$\r$\n$\r$\nPremere Avanti per continuare."
+; The licence asks nobody to accept it who only uses the program: the page shows it and goes on.
+!define MUI_LICENSEPAGE_TEXT_TOP "Karvel è software libero, con la licenza GNU GPL versione 3 o successiva."
+!define MUI_LICENSEPAGE_TEXT_BOTTOM "Per usare il programma non occorre accettarla: dice che cosa può fare chi lo copia o lo modifica. I dati hanno licenze proprie (CREDITS.md e licenze, nella cartella di Karvel). Non c'è alcuna garanzia."
+!define MUI_LICENSEPAGE_BUTTON "&Avanti >"
 !define MUI_FINISHPAGE_TITLE "Karvel è installato"
 !define MUI_FINISHPAGE_TEXT "Karvel si avvia dal menu Start o dal collegamento sul desktop."
 !define MUI_FINISHPAGE_RUN
@@ -69,6 +74,7 @@ VIAddVersionKey /LANG=1040 LegalCopyright ""
 !define MUI_UNCONFIRMPAGE_TEXT_TOP "Karvel verrà tolto da questo computer. I file modificati o aggiunti dall'utente (dizionario, impostazioni, preferiti, schede) non vengono toccati."
 
 !insertmacro MUI_PAGE_WELCOME
+!insertmacro MUI_PAGE_LICENSE "${LICENSE}"
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM

@@ -14,16 +14,17 @@ function(karvel_windows_resources target description)
     enable_language(RC)
     set(KARVEL_RC_NAME ${target})
     set(KARVEL_RC_DESCRIPTION ${description})
-    # The resource compiler looks for these beside itself: their directories are given to it
-    # below, so that no path of the building machine stands in the file.
+    # The resource compiler looks for these in the directories that are given to it below, so that no path of
+    # the building machine stands in the file.
     set(KARVEL_RC_ICON karvel.ico)
     set(KARVEL_RC_MANIFEST karvel.manifest)
+    set(manifest ${CMAKE_CURRENT_BINARY_DIR}/karvel.manifest)
+    configure_file(${KARVEL_WINDOWS_PACKAGING}/karvel.manifest.in ${manifest} @ONLY)
     set(file ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
     configure_file(${KARVEL_WINDOWS_PACKAGING}/karvel.rc.in ${file} @ONLY)
     target_sources(${target} PRIVATE ${file})
     set_source_files_properties(${file} PROPERTIES
         COMPILE_OPTIONS
-            "-I;${KARVEL_WINDOWS_PACKAGING};-I;${KARVEL_WINDOWS_PACKAGING}/../icons"
-        OBJECT_DEPENDS
-            "${KARVEL_WINDOWS_PACKAGING}/karvel.manifest;${KARVEL_WINDOWS_PACKAGING}/../icons/karvel.ico")
+            "-I;${CMAKE_CURRENT_BINARY_DIR};-I;${KARVEL_WINDOWS_PACKAGING}/../icons"
+        OBJECT_DEPENDS "${manifest};${KARVEL_WINDOWS_PACKAGING}/../icons/karvel.ico")
 endfunction()

@@ -66,6 +66,8 @@ QWidget* frmAbout::heading()
                        "<p>Versione %1</p>"
                        "<p>Compone frasi di segni, le traduce con il dizionario e cerca i segni di una "
                        "parola italiana.</p>"
+                       "<p>È software libero, con la licenza GNU GPL 3 o successiva, senza alcuna "
+                       "garanzia.</p>"
                        "<p>Le finestre usano la libreria Qt %2, con licenza LGPL 3.</p>")
             .arg(QLatin1String(kVersion), QLatin1String(qVersion())));
     auto* const row = new QHBoxLayout(box);

@@ -10,7 +10,7 @@
 #include "dictionary/DictionaryEntry.hpp"
 #include "dictionary/EditionUpdate.hpp"
 #include "files/FileSystem.hpp"
-#include "files/HostFile.hpp"
+#include "files/Leftovers.hpp"
 #include "text/CodePage.hpp"
 
 namespace karvel {
@@ -39,8 +39,7 @@ bool isDataTree(const fs::path& directory)
 /// Copies to a temporary name and renames, so that an interrupted copy does not look like the file.
 void copyWhole(const fs::path& from, const fs::path& to)
 {
-    fs::path beside = to;
-    beside += ".~" + std::to_string(processNumber());
+    const fs::path beside = besidePath(to);
     std::error_code error;
     fs::copy_file(from, beside, fs::copy_options::overwrite_existing, error);
     if (!error) {
@@ -63,6 +62,7 @@ std::size_t copyMissing(const fs::path& from, const std::string& systemPath, con
     if (error) {
         fail(error);
     }
+    removeLeftoversIn(to);
     std::unordered_set<std::string> present;
     for (const auto& entry : fs::directory_iterator(to, error)) {
         present.insert(upperCase(utf8Path(entry.path().filename())));

@@ -6,6 +6,7 @@
 #include "app/EditionOffer.hpp"
 #include "cli/Command.hpp"
 #include "cli/Output.hpp"
+#include "files/Leftovers.hpp"
 
 #if defined(_WIN32)
 #include "base/WindowsHeader.hpp"
@@ -62,7 +63,9 @@ Exit run(const Arguments& arguments)
             output.line(std::string(command.help));
             return Exit::Done;
         }
-        karvel::provideDictionary(karvel::FileSystem(karvel::Drives::ofUser()));
+        const karvel::FileSystem files(karvel::Drives::ofUser());
+        karvel::removeLeftovers(files);
+        karvel::provideDictionary(files);
         try {
             return command.run(rest);
         } catch (const UsageError& error) {

@@ -35,11 +35,27 @@ bool RecordReader::next()
         if (fields_.atEndButBlankLines()) {
             return false;
         }
-        fields_.fields(fields);
+        if (!readFields(fields)) {
+            return false;
+        }
     }
     record_ = {fields[0], fields[1], fields[2], fields[3]};
     current_ = true;
     return true;
+}
+
+/// False when the file ends inside a record because another program was adding one.
+bool RecordReader::readFields(std::span<std::string_view> fields)
+{
+    try {
+        fields_.fields(fields);
+    } catch (const RuntimeError& error) {
+        if (error.number() != ErrorNumber::InputPastEnd || !source_->writtenSinceOpened()) {
+            throw;
+        }
+        metUnfinished_ = true;
+    }
+    return !metUnfinished_;
 }
 
 std::optional<DictionaryEntry> RecordReader::last() const

@@ -155,6 +155,10 @@ Verification verify(ByteSource& dictionary)
         if (error.number() != ErrorNumber::InputPastEnd) {
             throw;
         }
+        if (dictionary.writtenSinceOpened()) {  // what is cut off is an entry that another program was adding
+            result.doubles = seen.doubles();
+            return result;
+        }
         result.fault =
             fault(reader.insideQuote() ? std::string(kUnclosed)
                                        : "voce incompleta: il file finisce prima del quarto campo");

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "files/HostFile.hpp"
+#include "files/Leftovers.hpp"
 
 namespace karvel {
 
@@ -69,8 +70,7 @@ std::string blanksFrom(HostFile& file, std::uint64_t offset)
 fs::path writeBeside(const fs::path& target, std::string_view bytes, Durability durability,
                      const fs::path& model)
 {
-    fs::path beside = target;
-    beside += ".~" + std::to_string(processNumber());
+    fs::path beside = besidePath(target);
     std::error_code error;
     fs::remove(beside, error);
     try {

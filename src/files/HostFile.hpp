@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <span>
 #include <string_view>
 
@@ -13,7 +15,7 @@ namespace karvel {
 class HostFile : public ByteSource {
   public:
     enum class Mode {
-        Read,
+        Read,      ///< `read` ends where the file ended when it was opened, whatever is added meanwhile
         Append,    ///< reads and writes; created when missing
         Rewrite,   ///< reads and writes what must exist already
         CreateNew  ///< fails when the file exists
@@ -28,11 +30,14 @@ class HostFile : public ByteSource {
 
     std::size_t read(std::span<char> buffer) override
     {
-        const std::size_t count = readAt(offset_, buffer);
+        const std::uint64_t left = end_ - std::min(offset_, end_);
+        const std::size_t count = readAt(
+            offset_, buffer.first(static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), left))));
         offset_ += count;
         return count;
     }
     [[nodiscard]] std::uint64_t size() const override;
+    [[nodiscard]] bool writtenSinceOpened() const override;
 
     /// Like `read`, but from `offset` bytes from the start; `read` continues where it was.
     std::size_t readAt(std::uint64_t offset, std::span<char> buffer) const;
@@ -62,11 +67,16 @@ class HostFile : public ByteSource {
     [[nodiscard]] bool isStillAt(const std::filesystem::path& path) const;
 
   private:
+    /// Like `lock`, but other readers may hold the file as well, and false when that is not possible now.
+    [[nodiscard]] bool tryLockForReading() const;
+    void unlock() const;
+
 #if defined(_WIN32)
     void* handle_;
 #else
     int descriptor_;
 #endif
+    std::uint64_t end_ = std::numeric_limits<std::uint64_t>::max();  ///< where `read` ends
     std::uint64_t offset_ =
         0;  ///< of the next `read`; the system's own offset moves with `readAt` on Windows
 };
@@ -86,5 +96,8 @@ void renameOver(const std::filesystem::path& from, const std::filesystem::path& 
 
 /// A number that no other running program has.
 [[nodiscard]] unsigned long processNumber();
+
+/// Whether a program with this number is running.
+[[nodiscard]] bool isRunning(unsigned long process);
 
 }  // namespace karvel

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 
 #include "files/HostFile.hpp"
@@ -74,6 +75,9 @@ HostFile::HostFile(const std::filesystem::path& path, Mode mode)
     if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) {
         ::close(descriptor_);
         throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
+    if (mode == Mode::Read) {
+        end_ = static_cast<std::uint64_t>(status.st_size);
     }
 #if defined(POSIX_FADV_SEQUENTIAL)
     ::posix_fadvise(descriptor_, 0, 0, POSIX_FADV_SEQUENTIAL);
@@ -145,6 +149,16 @@ void HostFile::lock()
     }
 }
 
+bool HostFile::tryLockForReading() const
+{
+    return ::flock(descriptor_, LOCK_SH | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+void HostFile::unlock() const
+{
+    ::flock(descriptor_, LOCK_UN);
+}
+
 bool HostFile::isStillAt(const std::filesystem::path& path) const
 {
     struct stat own {};
@@ -168,6 +182,13 @@ bool mayBeWritten(const std::filesystem::path& path)
 unsigned long processNumber()
 {
     return static_cast<unsigned long>(::getpid());
+}
+
+bool isRunning(unsigned long process)
+{
+    // Other numbers mean groups of processes.
+    const bool possible = process > 0 && process <= std::numeric_limits<pid_t>::max();
+    return possible && (::kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM);
 }
 
 }  // namespace karvel

@@ -39,6 +39,9 @@ namespace {
     }
 }
 
+/// Here a lock forbids reading: one byte far behind the end is locked in place of the file.
+constexpr std::uint64_t kBehindAnyFile = 0x7FFFFFFFFFFFFFFE;
+
 OVERLAPPED at(std::uint64_t offset)
 {
     OVERLAPPED place{};
@@ -79,6 +82,9 @@ HostFile::HostFile(const std::filesystem::path& path, Mode mode) : handle_(INVAL
     if (::GetFileType(handle_) != FILE_TYPE_DISK) {
         ::CloseHandle(handle_);
         throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
+    if (mode == Mode::Read) {
+        end_ = size();
     }
 }
 
@@ -145,10 +151,20 @@ void HostFile::flush()
 
 void HostFile::lock()
 {
-    // Here a lock forbids reading: one byte far behind the end is locked in place of the file.
-    constexpr std::uint64_t kBehindAnyFile = 0x7FFFFFFFFFFFFFFE;
     OVERLAPPED place = at(kBehindAnyFile);
     ::LockFileEx(handle_, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place);
+}
+
+bool HostFile::tryLockForReading() const
+{
+    OVERLAPPED place = at(kBehindAnyFile);
+    return ::LockFileEx(handle_, LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place) != 0;
+}
+
+void HostFile::unlock() const
+{
+    OVERLAPPED place = at(kBehindAnyFile);
+    ::UnlockFileEx(handle_, 0, 1, 0, &place);
 }
 
 bool HostFile::isStillAt(const std::filesystem::path& /*path*/) const
@@ -172,6 +188,17 @@ bool mayBeWritten(const std::filesystem::path& path)
 unsigned long processNumber()
 {
     return ::GetCurrentProcessId();
+}
+
+bool isRunning(unsigned long process)
+{
+    const HANDLE opened = ::OpenProcess(SYNCHRONIZE, FALSE, process);
+    if (opened == nullptr) {
+        return ::GetLastError() == ERROR_ACCESS_DENIED;  // another user's
+    }
+    const bool ended = ::WaitForSingleObject(opened, 0) == WAIT_OBJECT_0;
+    ::CloseHandle(opened);
+    return !ended;
 }
 
 }  // namespace karvel

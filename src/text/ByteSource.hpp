@@ -22,6 +22,10 @@ class ByteSource {
 
     /// The size in bytes as far as it is known, else 0.
     [[nodiscard]] virtual std::uint64_t size() const = 0;
+
+    /// Whether another program has written to the file behind the source since that was opened. Waits while
+    /// one is writing, a second at most.
+    [[nodiscard]] virtual bool writtenSinceOpened() const { return false; }
 };
 
 /// A text in memory; it must outlive the source.
@@ -47,6 +51,7 @@ class WatchedSource : public ByteSource {
     /// Throws ReadingStopped when the watcher returns false.
     std::size_t read(std::span<char> buffer) override;
     [[nodiscard]] std::uint64_t size() const override { return source_->size(); }
+    [[nodiscard]] bool writtenSinceOpened() const override { return source_->writtenSinceOpened(); }
 
   private:
     std::unique_ptr<ByteSource> source_;

@@ -15,6 +15,7 @@
 #include "app/EditionOffer.hpp"
 #include "app/ReadOnlyData.hpp"
 #include "app/StartUp.hpp"
+#include "files/Leftovers.hpp"
 #include "windows/SplashWindow.hpp"
 #include "windows/main/Form1.hpp"
 #include "windows/signs/PictureStore.hpp"
@@ -111,6 +112,7 @@ int runApplication(int argc, char** argv)
     QObject::connect(&prompt, &Prompt::aboutToAsk, &desktop, &Desktop::changed);
     QObject::connect(&prompt, &Prompt::progress, &form1, &Form1::showProgress);
     form1.showState();
+    removeLeftovers(session.files());
     provideDictionary(session.files());
     offerEdition(session.files(), prompt);
     keepInMemoryWhatCannotBeWritten(session.files(), prompt);

@@ -1,8 +1,6 @@
 #include "words/DictionaryInsertion.hpp"
 
-#include <chrono>
 #include <initializer_list>
-#include <thread>
 #include <utility>
 
 #include "base/SignCode.hpp"
@@ -117,41 +115,25 @@ bool DictionaryInsertion::refuses(std::string_view codes, const Texts& texts)
     return false;
 }
 
-/// The offset at which the last record ends; nothing when some record has exactly these signs. Another
-/// program may be adding an entry of which only the first bytes are in the file: a file that ends inside a
-/// record and grows is read again.
+/// The offset at which the last record ends; nothing when some record has exactly these signs. A file to
+/// which another program is adding an entry is read again.
 std::optional<std::uint64_t> DictionaryInsertion::endUnlessKnown(std::string_view codes)
 {
-    constexpr int kAttempts = 4;
-    for (int attempt = 1;; ++attempt) {
-        const std::uint64_t size = files_.open(kDictionaryPath)->size();
-        try {
-            return lookThrough(codes);
-        } catch (const RuntimeError& error) {
-            if (error.number() != ErrorNumber::InputPastEnd || attempt == kAttempts || !growsFrom(size)) {
-                throw;
-            }
+    constexpr int kAttempts = 10;
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        const BusyPointer hourglass(ui_);
+        RecordReader reader(openDictionary(files_, ui_));
+        const bool known = lookThrough(reader, codes);
+        if (known || !reader.metUnfinished()) {
+            return known ? std::nullopt : std::optional(reader.end());
         }
     }
+    throw RuntimeError(ErrorNumber::InputPastEnd);
 }
 
-/// Whether another program is writing to the dictionary now.
-bool DictionaryInsertion::growsFrom(std::uint64_t size) const
+/// Whether some record has exactly these signs.
+bool DictionaryInsertion::lookThrough(RecordReader& reader, std::string_view codes)
 {
-    constexpr std::chrono::milliseconds kPause(10);
-    for (int pause = 0; pause < 3; ++pause) {
-        std::this_thread::sleep_for(kPause);
-        if (files_.open(kDictionaryPath)->size() != size) {
-            return true;
-        }
-    }
-    return false;
-}
-
-std::optional<std::uint64_t> DictionaryInsertion::lookThrough(std::string_view codes)
-{
-    const BusyPointer hourglass(ui_);
-    RecordReader reader(openDictionary(files_, ui_));
     const auto rememberNote = [&] {
         if (auto last = reader.last()) {
             last_.note = std::move(last->note);
@@ -168,7 +150,7 @@ std::optional<std::uint64_t> DictionaryInsertion::lookThrough(std::string_view c
         throw;
     }
     rememberNote();
-    return found ? std::nullopt : std::optional(reader.end());
+    return found;
 }
 
 DictionaryInsertion::End DictionaryInsertion::confirm(std::string_view codes, Texts texts)

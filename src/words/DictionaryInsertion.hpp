@@ -11,6 +11,8 @@
 
 namespace karvel {
 
+class RecordReader;
+
 /// Adds entries at the end of the dictionary.
 class DictionaryInsertion {
   public:
@@ -46,8 +48,7 @@ class DictionaryInsertion {
   private:
     bool refuses(std::string_view codes, const Texts& texts);
     std::optional<std::uint64_t> endUnlessKnown(std::string_view codes);
-    std::optional<std::uint64_t> lookThrough(std::string_view codes);
-    [[nodiscard]] bool growsFrom(std::uint64_t size) const;
+    bool lookThrough(RecordReader& reader, std::string_view codes);
 
     const FileSystem& files_;
     UserInterface& ui_;

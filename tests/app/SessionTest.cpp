@@ -147,8 +147,8 @@ TEST_F(SessionTest, WhatCannotBeWrittenIsToldOnceAndKeptInMemory)
     ui.expect({.title = "Attenzione",
                .text = "La directory dei dati C:\\programmi\\Karvel non si può scrivere.\n\n"
                        "Si può comporre e cercare come sempre, ma alla chiusura del programma non "
-                       "resteranno: lo stato per Undo, il modo di ricerca, i colori e la directory dei "
-                       "geroglifici.",
+                       "resteranno: lo stato per Undo, il modo di ricerca, i colori, la directory dei "
+                       "geroglifici e la cronologia.",
                .icon = Icon::Exclamation});
     keepInMemoryWhatCannotBeWritten(session.files(), ui);
     session.palette().press(0);

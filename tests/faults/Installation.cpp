@@ -3,6 +3,8 @@
 #include "app/EditionOffer.hpp"
 #include "app/StartUp.hpp"
 #include "app/Views.hpp"
+#include "reading/Reader.hpp"
+#include "writing/Outlines.hpp"
 
 namespace karvel::testing {
 
@@ -27,6 +29,8 @@ Installation::Installation()
     drive.write(below + "settaggi\\cronologia.txt", "3\ta01\r\ntesto\tuno\r\n");
     drive.write(below + "prefe\\pre1.prf", page);
     drive.write(below + "preferiti", page);
+    drive.write(below + "lettura.txt", "x");
+    drive.write(below + "scrittura\\segni.dat", "x");
     fs::create_directories(dataTree());
     drive.write(utf8Path(dataTree() / "dizio.txt"), std::string(60, 'd'));
     attempt([](Installation& i) { (void)formLoad(i.session); });
@@ -108,6 +112,8 @@ const std::vector<Operation>& readings()
         {"turn favourites", [](Installation& i) { i.session.favourites().nextPage(); }},
         {"open the cards", [](Installation& i) { i.cards.open(); }},
         {"load a card", [](Installation& i) { i.cards.names().empty() ? void() : i.cards.load(0); }},
+        {"read a passage", [](Installation& i) { (void)Reader(i.drive.files()).read("a01b02"); }},
+        {"draw signs", [](Installation& i) { (void)Outlines::installed(i.drive.files()).of("a01"); }},
         {"remember a search", [](Installation& i) { i.session.rememberPhrase(); }},
         {"read the colours", [](Installation& i) { (void)readColours(i.drive.files()); }},
     };

@@ -9,6 +9,7 @@
 
 #include "app/Installer.hpp"
 #include "faults/Installation.hpp"
+#include "files/Leftovers.hpp"
 
 namespace karvel {
 namespace {
@@ -161,7 +162,11 @@ class Interrupted : public ::testing::TestWithParam<std::size_t> {
             end = interrupted(installation, operation_, kill, point);
             const Files left = installation.files();
             expectOldOrNew(before, after, left);
-            if (!kill) {
+            if (kill) {
+                removeLeftovers(installation.drive.files());
+                removeLeftovers(FileSystem(Drives(installation.root() / "other")));
+                EXPECT_EQ(temporaryFiles(installation), 0);
+            } else {
                 EXPECT_EQ(withoutCaches(left), withoutCaches(end == End::Done ? after : before));
                 EXPECT_EQ(temporaryFiles(installation), 0);
             }

@@ -1,4 +1,7 @@
+#include <sys/stat.h>
+
 #include <algorithm>
+#include <ctime>
 #include <fstream>
 
 #include "faults/Installation.hpp"
@@ -22,7 +25,10 @@ constexpr const char* kFiles[] = {"dizio.txt",
                                   "GeroLink/speciale.txt",
                                   "GeroLink/prova.txt",
                                   "GeroLink/uomini.txt",
-                                  "GeroLink/schedepref.txt"};
+                                  "GeroLink/schedepref.txt",
+                                  "edizione/dizio.txt",
+                                  "lettura.txt",
+                                  "scrittura/segni.dat"};
 
 std::string utf16(std::string_view text)
 {
@@ -68,6 +74,16 @@ const Oddity kOddities[] = {
      [](const fs::path& path) {
          fs::remove(path);
          fs::create_symlink(path.parent_path() / "manca" / "manca", path);
+     }},
+    {"a pipe",
+     [](const fs::path& path) {
+         fs::remove(path);
+         ::mkfifo(path.c_str(), 0600);
+     }},
+    {"a device without end",
+     [](const fs::path& path) {
+         fs::remove(path);
+         fs::create_symlink("/dev/zero", path);
      }},
 };
 
@@ -120,6 +136,21 @@ TEST_P(OddFiles, AreReadAndWrittenWithoutHarm)
         // A list of cards that cannot be read to its end would lose names if it were written again.
         if (file == "GeroLink/speciale.txt" && odd.name == "one endless quote") {
             EXPECT_EQ(installation.files().at(file), before.at(file));
+        }
+    }
+}
+
+TEST_P(OddFiles, OfAGigabyteMakeNobodyWait)
+{
+    Installation installation;
+    const fs::path path = installation.root() / GetParam();
+    write(path, "\"a01\"\r\n");
+    fs::resize_file(path, std::uint64_t{1} << 30);  // sparse: it needs no space on the disk
+    for (const auto* const operations : {&testing::readings(), &testing::writings()}) {
+        for (const Operation& operation : *operations) {
+            const std::clock_t start = std::clock();
+            installation.attempt(operation.work);
+            EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 10) << operation.name;
         }
     }
 }

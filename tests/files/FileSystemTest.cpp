@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
+#include "files/Leftovers.hpp"
 #include "support/Child.hpp"
 #include "support/TemporaryDrive.hpp"
 
@@ -50,6 +53,26 @@ TEST_F(FileSystemTest, ReplacesAFileAndLeavesNothingBesideIt)
     files.replace(kFile, "", Durability::Process);
     EXPECT_EQ(drive.read(kFile), "");
     EXPECT_EQ(filesBeside(), 1U);
+}
+
+TEST_F(FileSystemTest, DeletesOnlyWhatAnEndedProgramLeft)
+{
+    const std::string directory = "C:\\programmi\\Karvel\\settaggi\\";
+    const std::string own = utf8Path(besidePath("conf.cfg"));
+    const std::string ended = "conf.cfg.~4294967292";  // no system numbers its processes so high
+    const std::set<std::string> kept = {own,          "conf.cfg",           "conf.cfg.~",  ".~4294967292",
+                                        "conf.cfg~1", "conf.cfg.~04294967", "conf.cfg.~1x"};
+    for (const std::string& name : kept) {
+        drive.write(directory + name, "x");
+    }
+    drive.write(directory + ended, "x");
+    fs::create_directory(drive.host(directory + "nuovo.~4294967292"));
+    removeLeftovers(files);
+    EXPECT_EQ(drive.read(directory + ended), "(none)");
+    EXPECT_TRUE(fs::exists(drive.host(directory + "nuovo.~4294967292")));
+    for (const std::string& name : kept) {
+        EXPECT_EQ(drive.read(directory + name), "x") << name;
+    }
 }
 
 TEST_F(FileSystemTest, AppendsWholeLines)

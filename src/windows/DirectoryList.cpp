@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QStyle>
 
+#include "windows/support/PlainTip.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
@@ -50,7 +51,7 @@ void DirectoryList::add(const QString& name, const std::string& path, int depth,
     const QIcon icon = style()->standardIcon(open ? QStyle::SP_DirOpenIcon : QStyle::SP_DirClosedIcon);
     auto* const item = new QListWidgetItem(icon, QString(depth * kIndent, QLatin1Char(' ')) + name, this);
     item->setData(Qt::UserRole, qtext(path));
-    item->setToolTip(qtext(path));
+    item->setToolTip(plainTip(qtext(path)));
 }
 
 void DirectoryList::enter(const QListWidgetItem* item)

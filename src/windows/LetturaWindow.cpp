@@ -17,6 +17,7 @@
 #include "windows/StudyPages.hpp"
 #include "windows/signs/PhrasePicture.hpp"
 #include "windows/support/Desktop.hpp"
+#include "windows/support/PlainTip.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/Theme.hpp"
 
@@ -255,7 +256,8 @@ void Lettura::showUnknown()
         }
     }
     unknown_->setText(text);
-    unknown_->setToolTip(places.first(std::min(places.size(), kPlacesInTip)).join(QLatin1Char('\n')));
+    unknown_->setToolTip(
+        plainTip(places.first(std::min(places.size(), kPlacesInTip)).join(QLatin1Char('\n'))));
 }
 
 void Lettura::change(const std::function<void()>& step)

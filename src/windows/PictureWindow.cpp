@@ -7,6 +7,7 @@
 
 #include "windows/support/Box.hpp"
 #include "windows/support/Desktop.hpp"
+#include "windows/support/PlainTip.hpp"
 #include "windows/support/ScreenFit.hpp"
 #include "windows/support/Text.hpp"
 
@@ -61,7 +62,7 @@ void imm1::showPicture(const std::string& path, const std::string& name)
     if (image_.isNull()) {
         picture_->setTextFormat(Qt::PlainText);
         picture_->setText(QStringLiteral("Immagine non trovata: ") + qtext(name));
-        picture_->setToolTip(picture_->text());
+        picture_->setToolTip(plainTip(picture_->text()));
         return;
     }
     fit();

@@ -10,6 +10,7 @@
 #include "text/PhraseText.hpp"
 #include "windows/signs/LayoutPainter.hpp"
 #include "windows/support/Desktop.hpp"
+#include "windows/support/PlainTip.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/Theme.hpp"
 
@@ -301,7 +302,7 @@ bool ReadingLines::event(QEvent* event)
     const auto* const help = static_cast<QHelpEvent*>(event);
     const std::size_t word = wordAt(help->pos());
     if (word < places().size()) {
-        QToolTip::showText(help->globalPos(), spoken(word), this, places()[word]);
+        QToolTip::showText(help->globalPos(), plainTip(spoken(word)), this, places()[word]);
     } else {
         QToolTip::hideText();
     }

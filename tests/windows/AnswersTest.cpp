@@ -101,6 +101,17 @@ class AnswersTest : public QObject {
         QVERIFY(stage.noBoxLeft());
     }
 
+    void anEntryThatLooksLikeMarkupLoadsNothing()
+    {
+        Stage stage(record("a01", "<img src='//altrove/foto.png'>", "wa"));
+        stage.press("a01");
+        stage.click("Elenco");
+        const AnswerModel& answers =
+            control<AnswerList>(stage.windows().opened<Voci>(), "VociLista")->answers();
+        const QString tip = answers.data(answers.index(0), Qt::ToolTipRole).toString();
+        QVERIFY(tip.contains(QStringLiteral("foto.png")) && !tip.contains(QStringLiteral("<img")));
+    }
+
     void aLongReadingFillsTheListAndCanBeStopped()
     {
         Stage stage(dictionary());

@@ -27,6 +27,15 @@ class SignImageTest : public QObject {
         }
     }
 
+    void nothingIsAskedOfAnotherComputer()
+    {
+        const TemporaryDrive drive;
+        drive.write("C:\\foto.gif", drive.read(KARVEL_SOURCE_DIR "/data/tree/GR/a01.gif"));
+        const std::string here = utf8Path(drive.host("C:\\foto.gif"));
+        QVERIFY(!decodedImage(drive.files().drives(), here).isNull());
+        QVERIFY(decodedImage(drive.files().drives(), "/" + here).isNull());
+    }
+
     void theOtherPagesAreScaledInTheBackground()
     {
         Stage stage;

@@ -5,6 +5,7 @@
 
 #include "text/PhraseText.hpp"
 #include "text/Transliteration.hpp"
+#include "windows/support/PlainTip.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
@@ -161,7 +162,8 @@ QVariant AnswerModel::data(const QModelIndex& index, int role) const
         parts << QStringLiteral("%1 grafie").arg(further + 1);
     }
     parts.removeAll(QString());
-    return parts.join(role == Qt::ToolTipRole ? QStringLiteral("\n") : QStringLiteral(", "));
+    return role == Qt::ToolTipRole ? plainTip(parts.join(QLatin1Char('\n')))
+                                   : parts.join(QStringLiteral(", "));
 }
 
 }  // namespace karvel

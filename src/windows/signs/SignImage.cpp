@@ -64,6 +64,10 @@ QImage anyImageAt(const std::filesystem::path& host)
 
 QImage decodedImage(const Drives& drives, const std::string& systemPath)
 {
+    // A file that somebody else wrote may name a picture on another computer: nothing is asked of that one.
+    if (systemPath.starts_with("//") || systemPath.starts_with("\\\\")) {
+        return {};
+    }
     try {
         const std::filesystem::path host = drives.toHost(systemPath);
         const QImage sign = signAt(host);

@@ -20,21 +20,18 @@ need_packages() {
         [[ $status == *" installed:$package "* ]] || missing+=("$package")
     done
     ((${#missing[@]} == 0)) && return
-    local as_root=()
+    local as_root=() ask="Mancano dei pacchetti. Chiedere all'amministratore: apt-get install --no-install-recommends ${missing[*]}"
     if ((EUID != 0)); then
-        if ! command -v sudo >/dev/null; then
-            say "Mancano dei pacchetti. Come amministratore: apt-get install --no-install-recommends ${missing[*]}"
-            return 1
-        fi
+        command -v sudo >/dev/null || { say "$ask"; return 1; }
         as_root=(sudo)
     fi
     say "Installo: ${missing[*]}"
     if [[ -t 2 ]]; then
-        install_packages "${missing[@]}" >&2
+        install_packages "${missing[@]}" >&2 || { say "$ask"; return 1; }
     else
         # Not a terminal: the output of the installer is shown only when it failed.
         local told
-        told=$(install_packages "${missing[@]}" 2>&1) || { say "$told"; return 1; }
+        told=$(install_packages "${missing[@]}" 2>&1) || { say "$told"$'\n'"$ask"; return 1; }
     fi
 }
 

@@ -14,8 +14,6 @@ namespace karvel {
 
 namespace {
 
-}
-
 std::string csvField(std::string_view field)
 {
     std::string text = "\"";
@@ -120,12 +118,13 @@ std::string stoppedLine(int percent, std::size_t found)
            (found == 1 ? "la voce trovata" : "le " + std::to_string(found) + " voci trovate") + " fin lì.";
 }
 
-void showEntry(Session& session, const DictionaryEntry& entry)
+void showEntry(Session& session, const DictionaryEntry& entry, const std::string& searched)
 {
     ResultView& view = session.resultView();
     view.showFound(entry.signs);
     session.last().translation = upperCase(entry.translation);
     session.last().note = entry.note;
+    session.last().phrase = searched;
     if (entry.note.starts_with('*')) {
         view.showPicture(entry.note.substr(1));
     } else {

@@ -53,8 +53,9 @@ class EntryList : public AnswerSearch {
 /// What is said of a reading that the user stopped at `percent` with so many answers found.
 [[nodiscard]] std::string stoppedLine(int percent, std::size_t found);
 
-/// Shows `entry` as a match of a search is shown, without its box: cells, last translation and note, picture.
-void showEntry(Session& session, const DictionaryEntry& entry);
+/// Shows `entry`, an answer to the phrase `searched`, as a match of a search is shown, without its box:
+/// cells, last translation and note, picture.
+void showEntry(Session& session, const DictionaryEntry& entry, const std::string& searched);
 
 /// Appends the signs of `codes` to the phrase; letter case does not matter, and what is no code is left out.
 /// False when they were refused. Throws like Palette::pressCodes.

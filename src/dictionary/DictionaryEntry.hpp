@@ -38,6 +38,8 @@ struct LastResult {
     std::string translation;
     std::string note;
     std::string foundCodes;  ///< the signs found last by the Italian search or made by a transcription
+    std::string phrase{};    ///< the codes whose search gave translation and note; after the Italian search
+                             ///< the codes of its entry
 };
 
 }  // namespace karvel

@@ -60,6 +60,7 @@ TranslationLookup::End TranslationLookup::pass(Mode mode, std::string_view phras
             // A match stays as it was shown, any other record as it is stored.
             last_.translation = rule.matches(last->signs) ? upperCase(last->translation) : last->translation;
             last_.note = last->note;
+            last_.phrase = phrase;
         }
     };
     try {
@@ -73,6 +74,7 @@ TranslationLookup::End TranslationLookup::pass(Mode mode, std::string_view phras
                 break;
             }
             end = End::Found;
+            last_.phrase = phrase;
             if (!show(mode, reader.record().decoded())) {
                 return End::Cancelled;
             }

@@ -51,10 +51,11 @@ std::optional<Word> WordSplitter::find(std::string_view phrase)
 {
     const BusyPointer hourglass(ui_);
     RecordReader reader(openDictionary(files_, ui_));
-    const auto remember = [this](const std::optional<DictionaryEntry>& entry) {
+    const auto remember = [this, phrase](const std::optional<DictionaryEntry>& entry) {
         if (entry) {
             last_.translation = upperCase(entry->translation);
             last_.note = entry->note;
+            last_.phrase = phrase;
         }
     };
     std::optional<Word> word;

@@ -17,6 +17,7 @@ void PrintPage::fill(std::string_view codes, const SignImages& images, Pictures&
                         .path = pictures.canLoad(path) ? path : std::string(),
                         .visible = true};
     }
+    phrase_ = codes;
     setText(last);
 }
 
@@ -29,6 +30,7 @@ void PrintPage::setText(const LastResult& last)
 {
     translation_ = last.translation;
     note_ = last.note;
+    searched_ = last.phrase;
 }
 
 SheetBox PrintPage::cellBox(std::size_t cell, int width) const

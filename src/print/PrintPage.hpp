@@ -58,6 +58,10 @@ class PrintPage {
     void setText(const LastResult& last);
     /// Whether there is nothing to print but line feeds.
     [[nodiscard]] bool textEmpty() const { return translation_.empty() && note_.empty(); }
+    /// The codes of the phrase that filled the page, also of the signs that are not printed.
+    [[nodiscard]] const std::string& phrase() const { return phrase_; }
+    /// Whether the text was found by a search of the phrase that filled the page.
+    [[nodiscard]] bool textBelongsToPhrase() const { return searched_ == phrase_; }
     [[nodiscard]] bool labelVisible() const { return labelVisible_; }
     void setLabelVisible(bool visible) { labelVisible_ = visible; }
 
@@ -79,6 +83,8 @@ class PrintPage {
     std::array<Cell, kCells> pic_;
     std::string translation_;
     std::string note_;
+    std::string phrase_;
+    std::string searched_;  ///< the codes whose search gave the text
     bool labelVisible_ = true;
     int rowTop_ = 0;
     int labelTop_ = kLabelDrop;

@@ -18,8 +18,16 @@ bool preparePrint(PrintPage& page, std::string_view codes, const SignImages& ima
 
 std::string PrintWindow::remarks(int height) const
 {
-    const bool onNext = textIncluded_ && !page_.textEmpty() && !page_.textBeginsHere(height);
-    return onNext ? "Il testo comincia sul foglio seguente." : "";
+    std::string lines;
+    if (textIncluded_ && !page_.textEmpty()) {
+        if (!page_.textBelongsToPhrase()) {
+            lines += "Il testo non viene da una ricerca di questa frase.\n";
+        }
+        if (!page_.textBeginsHere(height)) {
+            lines += "Il testo comincia sul foglio seguente.\n";
+        }
+    }
+    return lines;
 }
 
 void PrintWindow::toggleText()

@@ -70,6 +70,7 @@ void Voci::list(Mode mode, const std::string& phrase)
     }
     pane_->list().answers().filter({});
     listed_ = std::make_shared<EntryList>(desktop_.session().files(), mode, phrase);
+    pane_->setSearched(phrase);
     pane_->follow(listed_);
     pane_->list().setFocus();
 }

@@ -155,6 +155,7 @@ std::optional<std::uint64_t> DictionaryInsertion::lookThrough(std::string_view c
     const auto rememberNote = [&] {
         if (auto last = reader.last()) {
             last_.note = std::move(last->note);
+            last_.phrase.clear();  // the translation is of another record
         }
     };
     bool found = false;

@@ -117,6 +117,7 @@ void ItalianSearch::remember(const RecordReader& reader, ItalianWord::Match matc
     if (!entry) {
         return;
     }
+    last_.phrase = entry->signs;
     if (match == ItalianWord::Match::Whole) {
         last_.translation = entry->translation;
         last_.note = entry->note;

@@ -117,6 +117,7 @@ TEST_F(SessionTest, TheSearchButtonOpensTheItalianSearchOrUsesTheMissingSign)
     session.search();
     EXPECT_EQ(session.display().cells()[1].code, "b02");
     EXPECT_EQ(session.last().translation, "CASA");
+    EXPECT_EQ(session.last().phrase, "a01p47");
     session.display().clearAll();
     EXPECT_TRUE(session.modes().ticked(Mode::Equal));
 }

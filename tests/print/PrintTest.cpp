@@ -63,6 +63,25 @@ TEST_F(Print, WidensTheRangeAtTheNextScroll)
     }
 }
 
+TEST_F(Print, SaysWhatIsToBeKnownAboutTheText)
+{
+    const std::string other = "Il testo non viene da una ricerca di questa frase.\n";
+    const std::string next = "Il testo comincia sul foglio seguente.\n";
+    const struct {
+        const char* searched;
+        int height;
+        std::string remarks;
+    } kCases[] = {
+        {"a01a02", 1020, ""}, {"a01", 1020, other}, {"a01a02", 1019, next}, {"", 1019, other + next}};
+    for (const auto& [searched, height, remarks] : kCases) {
+        last_.phrase = searched;
+        ASSERT_TRUE(prepare("a01a02"));
+        EXPECT_EQ(window_.remarks(height), remarks);
+    }
+    window_.toggleText();
+    EXPECT_EQ(window_.remarks(1019), "");  // no text is printed
+}
+
 TEST_F(Print, AsksBeforePrintingWithoutTheTextThatIsWanted)
 {
     const MessageBox question{.title = "Attenzione:",
@@ -81,8 +100,6 @@ TEST_F(Print, AsksBeforePrintingWithoutTheTextThatIsWanted)
     EXPECT_EQ(page_.cellBox(1, 8391).top, 1200);
     EXPECT_FALSE(page_.textBeginsHere(2200));  // on the next page: no line has room on this one
     EXPECT_TRUE(page_.textBeginsHere(2300));
-    EXPECT_EQ(window_.remarks(2219), "Il testo comincia sul foglio seguente.");
-    EXPECT_EQ(window_.remarks(2220), "");
     EXPECT_EQ(page_.textBox(8391, 14000).top, 1200 + 300 + PrintPage::kLabelInset);
 }
 

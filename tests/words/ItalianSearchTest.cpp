@@ -141,6 +141,7 @@ TEST_F(ItalianSearching, SpecificSearchShowsCapitalsAndClearsAtTheEnd)
     EXPECT_EQ(std::vector<std::string>{"CERCA|Ricerca la parola"}, ui_.inputsAsked);
     EXPECT_EQ("..........g14g15", shown());
     EXPECT_EQ("E05F06", session_.last().foundCodes);
+    EXPECT_EQ("e05f06", session_.last().phrase);
     EXPECT_EQ("LA CASA È QUI", session_.last().translation);
 
     drive_.write(kDictionaryPath, record("d04", "casa", "y") + record("e05", "altro"));

@@ -183,7 +183,9 @@ void AnswerPane::enable()
 void AnswerPane::choose()
 {
     if (const DictionaryEntry* const entry = list_->current()) {
-        desktop_.handle([this, chosen = *entry] { showEntry(desktop_.session(), chosen); });
+        desktop_.handle([this, chosen = *entry] {
+            showEntry(desktop_.session(), chosen, searched_.empty() ? chosen.signs : searched_);
+        });
     }
 }
 

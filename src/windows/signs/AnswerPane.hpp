@@ -30,6 +30,9 @@ class AnswerPane : public QWidget {
 
     [[nodiscard]] AnswerList& list() { return *list_; }
 
+    /// The phrase that the answers belong to; without one each belongs to its own signs.
+    void setSearched(const std::string& phrase) { searched_ = phrase; }
+
     /// Shows the answers of `search`, which it reads to its end while the windows go on working. The answers
     /// of a short reading stand there at the return; those of a long one appear while it is read.
     void follow(std::shared_ptr<AnswerSearch> search);
@@ -68,6 +71,7 @@ class AnswerPane : public QWidget {
     QProgressBar* progress_;
     QWidget* reading_;  ///< the line with the progress; hidden while nothing is read
     std::string heading_;
+    std::string searched_;
     std::shared_ptr<AnswerSearch> search_;  ///< null when its reading has ended
     std::size_t shown_ = 0;                 ///< how many of its answers the list has
     QElapsedTimer begun_;                   ///< since `follow`

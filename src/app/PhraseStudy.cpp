@@ -27,12 +27,12 @@ void join(std::string& all, std::string_view separator, const std::string& part)
     }
 }
 
-/// Reads to the end, or until the user stops it.
-void readAll(EntryList& list, UserInterface& ui)
+/// Reads to the end, or until the user stops it; true when the user did.
+bool readAll(EntryList& list, UserInterface& ui)
 {
     const BusyPointer hourglass(ui);
     int shown = -1;
-    list.read([&] {
+    return list.read([&] {
         const int percent = list.percent();
         return std::exchange(shown, percent) != percent &&
                !ui.continueReading(static_cast<std::uint64_t>(percent), 100);
@@ -45,10 +45,10 @@ PhraseStudy studyOf(const FileSystem& files, UserInterface& ui, std::string_view
 {
     EntryList whole(files, Mode::Equal, phrase);
     EntryList split(files, Mode::Split, phrase);
-    readAll(whole, ui);
-    readAll(split, ui);
+    const bool stopped = readAll(whole, ui) || readAll(split, ui);
     PhraseStudy study{.sheet = {.lines = {std::string(phrase)}},
-                      .failure = whole.failure() ? whole.failure() : split.failure()};
+                      .failure = whole.failure() ? whole.failure() : split.failure(),
+                      .stopped = stopped};
     StudySheet& sheet = study.sheet;
     const Answers entries = whole.answers();
     for (std::size_t line = 0; line < entries.words(); ++line) {

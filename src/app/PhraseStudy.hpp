@@ -10,10 +10,12 @@
 
 namespace karvel {
 
-/// A study sheet, and the fault of the dictionary at which its making ended; what was found before is in it.
+/// A study sheet, and what ended its making before the end of the dictionary: a fault, or the user. What was
+/// found before is in it.
 struct PhraseStudy {
     StudySheet sheet;
     std::optional<RuntimeError> failure;
+    bool stopped = false;
 };
 
 /// The study sheet of `phrase`, not empty: its entries as the list of answers has them, and the words into

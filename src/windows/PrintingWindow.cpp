@@ -1,18 +1,23 @@
 #include "windows/PrintingWindow.hpp"
 
+#include <QCheckBox>
 #include <QCloseEvent>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QSpinBox>
+#include <algorithm>
 
+#include "app/EntryList.hpp"
+#include "windows/PrintJob.hpp"
 #include "windows/PrintSheet.hpp"
 #include "windows/SheetPreview.hpp"
+#include "windows/StudyPages.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/WindowSet.hpp"
@@ -24,17 +29,9 @@ namespace {
 constexpr double kMillimetresPerUnit = 25.4 / 1440;
 constexpr int kMillimetre = 57;  // in 1/1440 inch: one step of the scroll bar
 
-bool systemPrintDialog(QPrinter& printer, QWidget* parent)
-{
-    QPrintDialog dialog(&printer, parent);
-    dialog.setObjectName(QStringLiteral("PrintDialog"));
-    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
-    return dialog.exec() == QDialog::Accepted;
-}
-
 }  // namespace
 
-form9::form9(Desktop& desktop, QWidget* parent) : form9(desktop, parent, systemPrintDialog) {}
+form9::form9(Desktop& desktop, QWidget* parent) : form9(desktop, parent, karvel::choosePrinter) {}
 
 form9::form9(Desktop& desktop, QWidget* parent, ChoosePrinter choosePrinter)
     : QDialog(parent),
@@ -69,7 +66,7 @@ bool form9::fill()
     Session& session = desktop_.session();
     const bool filled = preparePrint(sheet_->page(), session.display().DisplayCodes(), session.images(),
                                      session.pictures(), session.last(), session.ui());
-    showState();
+    chooseStudy(filled && studyBox_->isChecked());
     return filled;
 }
 
@@ -81,6 +78,37 @@ QPushButton* form9::button(const char* name, const QString& caption, void (form9
     made->setAutoDefault(false);
     made->setMinimumHeight(34);
     connect(made, &QPushButton::clicked, this, handler);
+    return made;
+}
+
+/// Where the row of signs lies, as a number and in millimetres.
+QWidget* form9::positionLine()
+{
+    auto* const made = new QWidget(this);
+    text1_ = new QLineEdit(made);
+    text1_->setObjectName(QStringLiteral("Text1"));
+    text1_->setAccessibleName(QStringLiteral("posizione in 1/1440 di pollice"));
+    text1_->setReadOnly(true);
+    text1_->setFocusPolicy(Qt::ClickFocus);
+    text1_->setAlignment(Qt::AlignRight);
+    text1_->setFixedWidth(80);
+    millimetres_ = new QLabel(made);
+    millimetres_->setObjectName(QStringLiteral("millimetri"));
+    auto* const grid = new QGridLayout(made);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->addWidget(new QLabel(QStringLiteral("Posizione sul foglio:"), made), 0, 0, 1, 2);
+    grid->addWidget(text1_, 1, 0);
+    grid->addWidget(millimetres_, 1, 1);
+    return made;
+}
+
+QSpinBox* form9::pageBox()
+{
+    auto* const made = new QSpinBox(this);
+    made->setObjectName(QStringLiteral("foglio"));
+    made->setAccessibleName(QStringLiteral("foglio mostrato nell'anteprima"));
+    made->setPrefix(QStringLiteral("Foglio "));
+    connect(made, &QSpinBox::valueChanged, this, &form9::showState);
     return made;
 }
 
@@ -98,24 +126,16 @@ void form9::build()
     connect(vScroll1_, &QScrollBar::valueChanged, this,
             [this](int value) { desktop_.handle([&] { window_.scrolled(value); }); });
 
-    text1_ = new QLineEdit(this);
-    text1_->setObjectName(QStringLiteral("Text1"));
-    text1_->setAccessibleName(QStringLiteral("posizione in 1/1440 di pollice"));
-    text1_->setReadOnly(true);
-    text1_->setFocusPolicy(Qt::ClickFocus);
-    text1_->setAlignment(Qt::AlignRight);
-    text1_->setFixedWidth(80);
-    millimetres_ = new QLabel(this);
-    millimetres_->setObjectName(QStringLiteral("millimetri"));
-
-    auto* const position = new QHBoxLayout;
-    position->addWidget(text1_);
-    position->addWidget(millimetres_, 1);
-    auto* const hint = new QLabel(
-        QStringLiteral("Si stampano i primi dodici segni del display. La barra accanto al foglio li sposta "
-                       "in alto o in basso."),
-        this);
-    hint->setWordWrap(true);
+    hint_ = new QLabel(this);
+    hint_->setWordWrap(true);
+    studyBox_ = new QCheckBox(QStringLiteral("Foglio di &studio"), this);
+    studyBox_->setObjectName(QStringLiteral("studio"));
+    studyBox_->setAccessibleName(QStringLiteral("foglio di studio"));
+    studyBox_->setToolTip(
+        QStringLiteral("tutta la frase in blocchi, con traslitterazione e traduzione, e le sue parole"));
+    connect(studyBox_, &QCheckBox::toggled, this, &form9::chooseStudy);
+    position_ = positionLine();
+    studyPage_ = pageBox();
     remarks_ = new QLabel(this);
     remarks_->setObjectName(QStringLiteral("avviso"));
     remarks_->setWordWrap(true);
@@ -126,10 +146,11 @@ void form9::build()
 
     auto* const column = new QVBoxLayout;
     column->setSpacing(10);
-    column->addWidget(hint);
+    column->addWidget(studyBox_);
+    column->addWidget(hint_);
     column->addWidget(command1_);
-    column->addWidget(new QLabel(QStringLiteral("Posizione sul foglio:"), this));
-    column->addLayout(position);
+    column->addWidget(position_);
+    column->addWidget(studyPage_);
     column->addWidget(remarks_);
     column->addStretch(1);
     column->addWidget(print);
@@ -140,8 +161,10 @@ void form9::build()
     row->addWidget(vScroll1_);
     row->addSpacing(10);
     row->addLayout(column);
-    setTabOrder(vScroll1_, command1_);
-    setTabOrder(command1_, print);
+    setTabOrder(vScroll1_, studyBox_);
+    setTabOrder(studyBox_, command1_);
+    setTabOrder(command1_, studyPage_);
+    setTabOrder(studyPage_, print);
     setTabOrder(print, leave);
     resize(740, 640);
 }
@@ -158,6 +181,52 @@ void form9::showState()
     command1_->setAccessibleName(command1_->text());
     preview_->showPage(window_);
     remarks_->setText(qtext(window_.remarks(preview_->sheet().height())).trimmed());
+    showStudy();
+}
+
+/// Shows what the choice of the sheet changes.
+void form9::showStudy()
+{
+    const bool chosen = study_.has_value();
+    vScroll1_->setEnabled(!chosen);
+    command1_->setVisible(!chosen);
+    position_->setVisible(!chosen);
+    studyPage_->setVisible(chosen);
+    hint_->setText(chosen
+                       ? QStringLiteral("Si stampa tutta la frase in blocchi, con le sue voci e le parole in "
+                                        "cui si divide.")
+                       : QStringLiteral("Si stampano i primi dodici segni del display. La barra accanto al "
+                                        "foglio li sposta in alto o in basso."));
+    preview_->showStudy(pages_.get(), static_cast<std::size_t>(std::max(0, studyPage_->value() - 1)));
+    if (chosen) {
+        remarks_->setText(study_->failure   ? qtext(faultLine(*study_->failure))
+                          : study_->stopped ? QStringLiteral("Lettura interrotta: il foglio può essere "
+                                                             "incompleto.")
+                                            : QString());
+    }
+}
+
+void form9::chooseStudy(bool chosen)
+{
+    desktop_.handle([&] {
+        study_.reset();
+        if (chosen) {
+            Session& session = desktop_.session();
+            study_ = studyOf(session.files(), session.ui(), sheet_->page().phrase());
+        }
+        layOutStudy();
+    });
+}
+
+void form9::layOutStudy()
+{
+    pages_ = study_ ? std::make_unique<StudyPages>(desktop_, study_->sheet, preview_->sheet()) : nullptr;
+    const int count = pages_ ? static_cast<int>(pages_->count()) : 1;
+    const QSignalBlocker quiet(studyPage_);
+    studyPage_->setRange(1, count);
+    studyPage_->setSuffix(QStringLiteral(" di %1").arg(count));
+    studyPage_->setEnabled(count > 1);
+    showStudy();
 }
 
 void form9::toggle()
@@ -165,21 +234,40 @@ void form9::toggle()
     desktop_.handle([this] { window_.toggleText(); });
 }
 
+void form9::sendToPrinter()
+{
+    try {
+        if (study_) {
+            printStudy(*printer_, study_->sheet, desktop_);
+        } else {
+            sheet_->print(*printer_);
+        }
+    } catch (const RuntimeError&) {
+        // After a failed write the toolkit's printer writes nothing more: the next print has a new one.
+        const QPageLayout layout = printer_->pageLayout();
+        printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        setUp(*printer_);
+        printer_->setPageLayout(layout);
+        throw;
+    }
+}
+
 void form9::print()
 {
     Session& session = desktop_.session();
     desktop_.handle([&] {
-        if (!window_.startPrint(session.last(), session.ui())) {
+        if (!study_ && !window_.startPrint(session.last(), session.ui())) {
             return;
         }
         if (!printer_) {
             printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-            form7::setUp(*printer_);
+            setUp(*printer_);
         }
         if (choosePrinter_(*printer_, this)) {
             preview_->setSheet(Sheet::of(printer_->pageLayout()));
+            layOutStudy();
             const BusyPointer hourglass(session.ui());
-            sheet_->print(*printer_);
+            sendToPrinter();
         }
     });
 }

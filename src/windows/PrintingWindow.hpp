@@ -3,20 +3,25 @@
 #include <QDialog>
 #include <functional>
 #include <memory>
+#include <optional>
 
+#include "app/PhraseStudy.hpp"
 #include "print/PrintWindow.hpp"
 
+class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPrinter;
 class QPushButton;
 class QScrollBar;
+class QSpinBox;
 
 namespace karvel {
 
 class Desktop;
 class form7;
 class SheetPreview;
+class StudyPages;
 class WindowSet;
 
 /// "Stampa": what is printed, and its position on the sheet.
@@ -46,7 +51,13 @@ class form9 : public QDialog {
     void showState();
     void toggle();
     void print();
+    void sendToPrinter();
     void closeWindow();
+    void chooseStudy(bool chosen);
+    void layOutStudy();
+    void showStudy();
+    QWidget* positionLine();
+    QSpinBox* pageBox();
 
     Desktop& desktop_;
     ChoosePrinter choosePrinter_;
@@ -59,6 +70,12 @@ class form9 : public QDialog {
     QLabel* millimetres_ = nullptr;
     QLabel* remarks_ = nullptr;
     QPushButton* command1_ = nullptr;
+    QLabel* hint_ = nullptr;
+    QCheckBox* studyBox_ = nullptr;
+    QWidget* position_ = nullptr;        ///< of the row of signs
+    QSpinBox* studyPage_ = nullptr;      ///< that the preview shows
+    std::optional<PhraseStudy> study_;   ///< while the study sheet is chosen
+    std::unique_ptr<StudyPages> pages_;  ///< of `study_`
 };
 
 }  // namespace karvel

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "print/PrintWindow.hpp"
+#include "windows/StudyPages.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
@@ -40,6 +41,14 @@ void SheetPreview::showPage(const PrintWindow& window)
     arrange();
 }
 
+void SheetPreview::showStudy(const StudyPages* pages, std::size_t page)
+{
+    study_ = pages;
+    studyPage_ = page;
+    arrange();
+    update();
+}
+
 void SheetPreview::setSheet(const Sheet& sheet)
 {
     if (sheet.width() > 0 && sheet.height() > 0) {
@@ -65,7 +74,8 @@ void SheetPreview::arrange()
 {
     place(*row_, rowTop_, PrintPage::kCellSide, false);
     place(*text_, textTop_, paper_.height() - textTop_, true);
-    text_->setVisible(textIncluded_ && sheet_.page().textBeginsHere(paper_.height()));
+    row_->setVisible(study_ == nullptr);
+    text_->setVisible(study_ == nullptr && textIncluded_ && sheet_.page().textBeginsHere(paper_.height()));
 }
 
 void SheetPreview::place(QLabel& label, int top, int height, bool text)
@@ -108,7 +118,13 @@ void SheetPreview::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(QPen(QColor(120, 120, 120), 1));
     painter.drawRect(paper);
     painter.setPen(QPen(QColor(200, 205, 210), 1, Qt::DotLine));
-    painter.drawRect(paper.marginsRemoved(QMarginsF(paper_.margins) * scale()));
+    const QRectF inside = paper.marginsRemoved(QMarginsF(paper_.margins) * scale());
+    painter.drawRect(inside);
+    if (study_ != nullptr && studyPage_ < study_->count()) {
+        painter.translate(inside.topLeft());
+        painter.scale(scale(), scale());
+        study_->paint(painter, studyPage_);
+    }
 }
 
 void SheetPreview::resizeEvent(QResizeEvent* event)

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "windows/PrintJob.hpp"
 #include "windows/PrintSheet.hpp"
 
 class QLabel;
@@ -9,8 +10,10 @@ class QLabel;
 namespace karvel {
 
 class PrintWindow;
+class StudyPages;
 
-/// The sheet at a small scale, with the row of signs (`Label1(0)`) and the text (`Label1(1)`) in place.
+/// The sheet at a small scale, with the row of signs (`Label1(0)`) and the text (`Label1(1)`) in place, or a
+/// page of a study sheet.
 class SheetPreview : public QWidget {
     Q_OBJECT
 
@@ -20,6 +23,10 @@ class SheetPreview : public QWidget {
 
     /// Shows the page as `window` now lays it out.
     void showPage(const PrintWindow& window);
+
+    /// Shows page `page` of a study sheet in place of the row of signs; null shows the row again. `pages`
+    /// must outlive its use here.
+    void showStudy(const StudyPages* pages, std::size_t page);
 
     [[nodiscard]] const Sheet& sheet() const { return paper_; }
     void setSheet(const Sheet& sheet);
@@ -44,6 +51,8 @@ class SheetPreview : public QWidget {
     int rowTop_ = 0;
     int textTop_ = 0;
     bool textIncluded_ = true;
+    const StudyPages* study_ = nullptr;
+    std::size_t studyPage_ = 0;
 };
 
 }  // namespace karvel

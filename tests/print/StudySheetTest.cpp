@@ -121,6 +121,10 @@ TEST(StudySheetTest, OfAPhraseHasItsEntriesAndTheWordsOfWhichItConsists)
     }
     drive.write(kDictionaryPath, "\"a01\",\"uomo\"");
     EXPECT_EQ(studyOf(drive.files(), ui, "a01").failure.value().value(), 62);
+    drive.write(kDictionaryPath, "\"a01\",\"uomo\",\"s\",\"\"\r\n");
+    EXPECT_FALSE(studyOf(drive.files(), ui, "a01").stopped);
+    ui.stopReading = true;
+    EXPECT_TRUE(studyOf(drive.files(), ui, "a01").stopped);
 }
 
 }  // namespace

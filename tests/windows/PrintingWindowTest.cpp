@@ -1,3 +1,4 @@
+#include <QCheckBox>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -5,6 +6,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QTemporaryDir>
 
 #include "windows/PrintingWindow.hpp"
@@ -166,11 +168,47 @@ class PrintingWindowTest : public QObject {
         }
         QVERIFY(!ink(picture, kMargin + 12 * 800, rowTop, right, textTop));
         QVERIFY(ink(picture, kMargin, rowTop, kMargin + 2 * kDots, rowTop + 760));  // flush with the text
+        // Drawn from outlines; a sign of the user's own is an image on white, without a mask.
+        QCOMPARE(images().count(QLatin1Char('\n')), 2);
+        const FileSystem& files = stage.drive().files();
+        const std::string own = "C:\\segni\\GR";
+        stage.drive().write(own + "\\a01.gif", files.readAll("C:\\programmi\\Karvel\\GR\\a02.gif"));
+        stage.session().images().setGlyphDirectory(own);
+        click(open(stage), "Command2");
         // Columns of the list: page, number, type, width, height, ..., x-ppi at the thirteenth.
         const QStringList first =
             images().section(QLatin1Char('\n'), 2, 2).simplified().split(QLatin1Char(' '));
         QVERIFY2(first.value(12).toInt() >= 300, qPrintable(images()));
         QVERIFY2(!images().contains(QStringLiteral("mask")), qPrintable(images()));
+    }
+
+    void theStudySheetHasThePhraseItsTextsAndItsWordsOnAllItsPages()
+    {
+        int pages = 0;
+        for (const int times : {1, 21}) {  // 4 and 84 signs
+            Stage stage(record("d51f21b47", "buono", "nfr", "nota") + record("e16", "luogo"));
+            for (int time = 0; time < times; ++time) {
+                for (const char* const code : {"d51", "f21", "b47", "e16"}) {
+                    stage.press(code);
+                }
+            }
+            const auto* const window = open(stage);
+            control<QCheckBox>(window, "studio")->click();
+            QVERIFY(!control<QLabel>(window, "Label1(0)")->isVisible());
+            click(window, "Command2");  // there is a text without a search: nothing is asked
+            pages = control<QSpinBox>(window, "foglio")->maximum();
+            QVERIFY2(info().contains(QRegularExpression(QStringLiteral("Pages: +%1\n").arg(pages))),
+                     qPrintable(info()));
+            const QString text = run(QStringLiteral("pdftotext"), {pdf_, "-"});
+            // Each word stands below the phrase, and once in the line of the whole.
+            QCOMPARE(text.count(QStringLiteral("nfr")), 2 * times);
+            QCOMPARE(text.count(QStringLiteral("luogo")), 2 * times);
+            QCOMPARE(text.count(QStringLiteral("nota")), times);
+            QCOMPARE(images().count(QLatin1Char('\n')), 2);  // the signs are outlines
+            control<QCheckBox>(window, "studio")->click();
+            QVERIFY(control<QLabel>(window, "Label1(0)")->isVisible());
+        }
+        QVERIFY(pages > 1);
     }
 
     void asksBeforePrintingWithoutText()

@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "app/PhraseClipboard.hpp"
+#include "windows/signs/PrintedSign.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
 #include "writing/ManuelDeCodage.hpp"
@@ -40,8 +41,38 @@ QRectF rectOf(const Box& box)
     return {box.x, box.y, box.width, box.height};
 }
 
-/// In the unit of the shapes, y going up.
-QPainterPath pathOf(const std::vector<OutlineStep>& outline)
+void paintOutline(QPainter& painter, const PlacedSign& sign, const std::vector<OutlineStep>& outline,
+                  const QColor& ink)
+{
+    const SignShape shape = shapeOf(sign.code).value_or(SignShape{1000, 1000});
+    const Box& box = sign.box;
+    const qreal along = box.width / shape.width;
+    QTransform place;
+    place.translate(sign.mirrored ? box.x + box.width : box.x, box.y + box.height);
+    place.scale(sign.mirrored ? -along : along, -box.height / shape.height);
+    painter.fillPath(place.map(outlinePath(outline)), ink);
+}
+
+void paintUnknown(QPainter& painter, const PlacedSign& sign, const QColor& ink)
+{
+    const QRectF box = rectOf(sign.box);
+    painter.setBrush(Qt::NoBrush);
+    QPen dashes(ink, 22);
+    dashes.setDashPattern({2.7, 2});
+    painter.setPen(dashes);
+    painter.drawRect(box);
+    QFont font = painter.font();
+    const qreal letters = std::max<qreal>(1, static_cast<qreal>(sign.code.size()));
+    font.setPixelSize(
+        std::max(1, static_cast<int>(std::min(box.width() / letters * 1.3, box.height() * 0.6))));
+    painter.setFont(font);
+    painter.setPen(ink);
+    painter.drawText(box, Qt::AlignCenter, qtext(sign.code));
+}
+
+}  // namespace
+
+QPainterPath outlinePath(const std::vector<OutlineStep>& outline)
 {
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
@@ -63,37 +94,6 @@ QPainterPath pathOf(const std::vector<OutlineStep>& outline)
     }
     return path;
 }
-
-void paintOutline(QPainter& painter, const PlacedSign& sign, const std::vector<OutlineStep>& outline,
-                  const QColor& ink)
-{
-    const SignShape shape = shapeOf(sign.code).value_or(SignShape{1000, 1000});
-    const Box& box = sign.box;
-    const qreal along = box.width / shape.width;
-    QTransform place;
-    place.translate(sign.mirrored ? box.x + box.width : box.x, box.y + box.height);
-    place.scale(sign.mirrored ? -along : along, -box.height / shape.height);
-    painter.fillPath(place.map(pathOf(outline)), ink);
-}
-
-void paintUnknown(QPainter& painter, const PlacedSign& sign, const QColor& ink)
-{
-    const QRectF box = rectOf(sign.box);
-    painter.setBrush(Qt::NoBrush);
-    QPen dashes(ink, 22);
-    dashes.setDashPattern({2.7, 2});
-    painter.setPen(dashes);
-    painter.drawRect(box);
-    QFont font = painter.font();
-    const qreal letters = std::max<qreal>(1, static_cast<qreal>(sign.code.size()));
-    font.setPixelSize(
-        std::max(1, static_cast<int>(std::min(box.width() / letters * 1.3, box.height() * 0.6))));
-    painter.setFont(font);
-    painter.setPen(ink);
-    painter.drawText(box, Qt::AlignCenter, qtext(sign.code));
-}
-
-}  // namespace
 
 LayoutPainter::LayoutPainter(Desktop& desktop)
     : QObject(&desktop), session_(desktop.session()), placements_(kPlacements)
@@ -134,7 +134,8 @@ std::shared_ptr<const Placement> LayoutPainter::placementOf(const std::string& c
     return placed;
 }
 
-void LayoutPainter::paintSign(QPainter& painter, const PlacedSign& sign, const QColor& ink)
+void LayoutPainter::paintSign(QPainter& painter, const PlacedSign& sign, const QColor& ink,
+                              const QColor& paper)
 {
     const SignDrawing& drawing = drawings().of(sign.code);
     if (sign.drawn && drawing.outline) {
@@ -148,19 +149,22 @@ void LayoutPainter::paintSign(QPainter& painter, const PlacedSign& sign, const Q
         paintUnknown(painter, sign, ink);
         return;
     }
-    painter.drawImage(rectOf(SignDrawings::imageBox(drawing, sign.box)),
-                      image.mirrored(sign.mirrored, false));
+    const QRectF place = rectOf(SignDrawings::imageBox(drawing, sign.box));
+    const QImage shown = image.mirrored(sign.mirrored, false);
+    painter.drawImage(place, paper.isValid()
+                                 ? onGround(shown, paper, painter.worldTransform().mapRect(place).size())
+                                 : shown);
 }
 
 void LayoutPainter::paint(QPainter& painter, const Placement& placement, QPointF corner, qreal blockHeight,
-                          const QColor& ink)
+                          const QColor& ink, const QColor& paper)
 {
     painter.save();
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.translate(corner);
     painter.scale(blockHeight / kBlockHeight, blockHeight / kBlockHeight);
     for (const PlacedSign& sign : placement.signs) {
-        paintSign(painter, sign, ink);
+        paintSign(painter, sign, ink, paper);
     }
     painter.setBrush(Qt::NoBrush);
     for (const PlacedRing& ring : placement.rings) {

@@ -6,11 +6,13 @@
 #include <QRectF>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "writing/Placement.hpp"
 #include "writing/SignDrawings.hpp"
 
 class QPainter;
+class QPainterPath;
 
 namespace karvel {
 
@@ -23,6 +25,9 @@ struct PhraseLook {
     PlacementOptions placement{};  ///< `length` in the unit of a placement
     QColor ink = Qt::black;        ///< of outlines and rings; images keep their own colours
 };
+
+/// The outline as a path, in thousandths of the font's em, y going up.
+[[nodiscard]] QPainterPath outlinePath(const std::vector<OutlineStep>& outline);
 
 /// Draws phrases in blocks on any paint device. Signs are drawn from their outlines, else from their images;
 /// a sign without both is a dashed box with its code. All windows share one.
@@ -42,9 +47,10 @@ class LayoutPainter : public QObject {
                                                                const PhraseLook& look);
 
     /// Paints with vectors, the upper left corner of the placement at `corner`, blocks `blockHeight` high in
-    /// the painter's unit. Nothing is cached: for printing and for files.
+    /// the painter's unit. Nothing is cached: for printing and for files. Where `paper` is valid, images are
+    /// put on this colour, as printers need it.
     void paint(QPainter& painter, const Placement& placement, QPointF corner, qreal blockHeight,
-               const QColor& ink);
+               const QColor& ink, const QColor& paper = {});
 
     /// Paints the phrase with blocks `blockHeight` logical pixels high. What was painted before in the same
     /// look is taken from the toolkit's cache of pixmaps, unless the device is no screen or image.
@@ -56,7 +62,7 @@ class LayoutPainter : public QObject {
 
   private:
     explicit LayoutPainter(Desktop& desktop);
-    void paintSign(QPainter& painter, const PlacedSign& sign, const QColor& ink);
+    void paintSign(QPainter& painter, const PlacedSign& sign, const QColor& ink, const QColor& paper);
 
     Session& session_;       ///< the user's directory of sign images is taken from it
     std::string directory_;  ///< that `drawings_` reads

@@ -3,12 +3,13 @@
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QScrollArea>
 #include <algorithm>
 
 #include "base/SignRepertoire.hpp"
+#include "windows/PrintJob.hpp"
+#include "windows/signs/PrintedSign.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/Theme.hpp"
@@ -59,22 +60,28 @@ SheetSign::SheetSign(Desktop& desktop, std::string code, const QString& meaning,
     setToolTip(qtext(signCaption(code_)));
 }
 
-void SheetSign::draw(QPainter& painter, const QRectF& area, qreal scale) const
+bool SheetSign::drawSign(QPainter& painter, const QRectF& square, Medium medium) const
+{
+    const std::string path = desktop_.session().images().path(code_);
+    if (medium == Medium::Paper) {
+        const PrintedSign sign(desktop_, code_, path, square, painter, kPaper);
+        sign.paint(painter, kInk);
+        return !sign.isEmpty();
+    }
+    return desktop_.pictures().draw(painter, path, square.center(), static_cast<int>(square.width()));
+}
+
+void SheetSign::draw(QPainter& painter, const QRectF& area, Medium medium) const
 {
     constexpr qreal kMeaning = 24;
     constexpr qreal kName = 18;
     painter.setPen(kInk);
     const qreal side = std::min(area.width() - 12, area.height() - kMeaning - kName - 8);
     const QRectF room(area.left(), area.top() + 4, area.width(), area.height() - kMeaning - kName - 6);
-    const QPixmap picture =
-        desktop_.pictures().scaled(desktop_.session().images().path(code_), static_cast<int>(side), scale);
-    if (picture.isNull()) {
+    const QRectF square(room.center() - QPointF(side / 2, side / 2), QSizeF(side, side));
+    if (!drawSign(painter, square, medium)) {
         painter.setFont(sheetFont(16, false, false));
         painter.drawText(room, Qt::AlignCenter, qtext(code_));
-    } else {
-        const QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatio();
-        painter.drawPixmap(QRectF(room.center() - QPointF(size.width() / 2, size.height() / 2), size),
-                           picture, QRectF(picture.rect()));
     }
     painter.setFont(fitting(sheetFont(19, true, true), meaning_, area.width() - 16));
     painter.drawText(QRectF(area.left(), room.bottom(), area.width(), kMeaning), Qt::AlignCenter, meaning_);
@@ -95,7 +102,7 @@ void SheetSign::paintEvent(QPaintEvent* /*event*/)
         painter.setBrush(between(kPaper, kRule, isDown() ? 0.32 : 0.16));
         painter.drawRoundedRect(frame, 5, 5);
     }
-    draw(painter, QRectF(rect()), devicePixelRatioF());
+    draw(painter, QRectF(rect()), Medium::Screen);
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(kAccent, 2));
@@ -191,7 +198,7 @@ void SignSheet::paintEvent(QPaintEvent* /*event*/)
     drawFrame(painter, QRectF(rect()));
 }
 
-void SignSheet::draw(QPainter& painter, const QRectF& page, qreal scale) const
+void SignSheet::draw(QPainter& painter, const QRectF& page) const
 {
     const QSizeF own = size();
     const qreal factor = std::min(page.width() / own.width(), page.height() / own.height());
@@ -202,7 +209,7 @@ void SignSheet::draw(QPainter& painter, const QRectF& page, qreal scale) const
     painter.scale(factor, factor);
     drawFrame(painter, QRectF(QPointF(0, 0), own));
     for (const SheetSign* const sign : signs_) {
-        sign->draw(painter, QRectF(sign->geometry()), scale * factor);
+        sign->draw(painter, QRectF(sign->geometry()), SheetSign::Medium::Paper);
     }
     painter.restore();
 }
@@ -210,11 +217,10 @@ void SignSheet::draw(QPainter& painter, const QRectF& page, qreal scale) const
 void SignSheet::print()
 {
     QPrinter printer(QPrinter::HighResolution);
+    setUp(printer);
     printer.setPageOrientation(width() > height() ? QPageLayout::Landscape : QPageLayout::Portrait);
     printer.setDocName(title_);
-    QPrintDialog dialog(&printer, window());
-    dialog.setWindowTitle(QStringLiteral("Stampa della tavola"));
-    if (dialog.exec() != QDialog::Accepted) {
+    if (!choosePrinter(printer, window())) {
         return;
     }
     desktop_.handle([&] {
@@ -225,15 +231,11 @@ void SignSheet::print()
 
 void SignSheet::printOn(QPrinter& printer) const
 {
-    QPainter painter;
-    if (!painter.begin(&printer)) {
-        throw RuntimeError(printer.outputFileName().isEmpty() ? ErrorNumber::DeviceIo
-                                                              : ErrorNumber::PathFileAccess);
-    }
-    draw(painter, QRectF(painter.viewport()), 1);
-    if (!painter.end() || printer.printerState() == QPrinter::Error) {
-        throw RuntimeError(ErrorNumber::DeviceIo);
-    }
+    const Sheet sheet = Sheet::of(printer.pageLayout());
+    printWith(printer, [&](QPainter& painter) {
+        draw(painter, QRectF(0, 0, sheet.width(), sheet.height()));
+        return true;
+    });
 }
 
 QWidget* scrolling(SignSheet* sheet)

@@ -18,14 +18,16 @@ class SheetSign : public QAbstractButton {
     Q_OBJECT
 
   public:
+    enum class Medium { Screen, Paper };
+
     /// `meaning` is drawn large below the sign, `name` small below that; `desktop` must outlive the sign.
     SheetSign(Desktop& desktop, std::string code, const QString& meaning, const QString& name,
               QWidget* parent);
 
     [[nodiscard]] const std::string& code() const { return code_; }
 
-    /// Draws the sign with its texts into `area`, `scale` device pixels to a unit of it.
-    void draw(QPainter& painter, const QRectF& area, qreal scale) const;
+    /// Draws the sign with its texts into `area`.
+    void draw(QPainter& painter, const QRectF& area, Medium medium) const;
 
     [[nodiscard]] QSize sizeHint() const override { return {112, 122}; }
     [[nodiscard]] QSize minimumSizeHint() const override { return {84, 100}; }
@@ -36,6 +38,8 @@ class SheetSign : public QAbstractButton {
     void leaveEvent(QEvent* event) override;
 
   private:
+    [[nodiscard]] bool drawSign(QPainter& painter, const QRectF& square, Medium medium) const;
+
     Desktop& desktop_;
     std::string code_;
     QString meaning_;
@@ -56,14 +60,13 @@ class SignSheet : public QFrame {
     /// Whether the signs can be pressed; otherwise the keyboard skips them.
     void setPressable(bool pressable);
 
-    /// Draws the whole sheet into `page`, as large as it fits.
-    void draw(QPainter& painter, const QRectF& page, qreal scale) const;
+    /// Draws the whole sheet into `page`, as large as it fits, as it is printed.
+    void draw(QPainter& painter, const QRectF& page) const;
 
     /// Asks for a printer and prints the sheet on one page. A failure is reported in a box.
     void print();
 
-    /// Prints the sheet on one page. Throws RuntimeError 75 when it is printed to a file that cannot be
-    /// written, 57 when the printer fails.
+    /// Prints the sheet on one page. Throws as printWith does.
     void printOn(QPrinter& printer) const;
 
   protected:

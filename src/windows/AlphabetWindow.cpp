@@ -9,6 +9,7 @@
 #include "app/EntryList.hpp"
 #include "base/SignRepertoire.hpp"
 #include "windows/signs/PhraseBlocks.hpp"
+#include "windows/signs/PictureSwitches.hpp"
 #include "windows/signs/SignSheet.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
@@ -30,6 +31,9 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
       desktop_(desktop),
       text1_(new QLineEdit(this)),
       signs_(new PhraseBlocks(desktop, QStringLiteral("Qui il nome compare nel cartiglio."), this)),
+      switches_(new PictureSwitches(desktop.session(), QStringLiteral("Form2"),
+                                    {.codes = {}, .look = {.ring = true}, .blockHeight = kNameBlockHeight},
+                                    this)),
       count_(new QLabel(this)),
       chart_(new SignSheet(desktop, QStringLiteral("ALFABETO"),
                            QStringLiteral("I segni fonetici e le lettere che scrivono. Le vocali, che gli "
@@ -51,6 +55,7 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
     count_->setObjectName(QStringLiteral("count"));
     chart_->setObjectName(QStringLiteral("chart"));
     fillChart();
+    connect(switches_, &PictureSwitches::changed, this, [this] { showName(signs_->picture().codes); });
     // Enter in the field presses this button.
     QPushButton* const go = spokenButton("Command1", QStringLiteral("Trascrivi"),
                                          QStringLiteral("scrive il nome con i segni, sul display"), this);
@@ -83,6 +88,7 @@ Form2::Form2(Desktop& desktop, QWidget* parent)
     column->setContentsMargins(12, 12, 12, 10);
     column->setSpacing(8);
     column->addWidget(signs_);
+    column->addWidget(switches_);
     column->addLayout(line);
     column->addWidget(scrolling(chart_), 1);
     column->addLayout(below);
@@ -103,6 +109,11 @@ void Form2::fillChart()
     }
 }
 
+void Form2::showName(const std::string& codes)
+{
+    signs_->setPicture(switches_->pictureOf(codes));
+}
+
 void Form2::transcribeName()
 {
     desktop_.handle([this] {
@@ -111,7 +122,7 @@ void Form2::transcribeName()
     });
     // On a small screen this window covers the display, so it shows the signs itself too.
     const std::string& codes = desktop_.session().last().foundCodes;
-    signs_->setPicture({.codes = codes, .look = {.ring = true}, .blockHeight = kNameBlockHeight});
+    showName(codes);
     use_->setEnabled(!codes.empty());
     const std::size_t signs = codes.size() / kCodeLength;
     count_->setText(signs > DisplayLine::kCells

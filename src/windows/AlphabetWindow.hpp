@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <string>
 
 class QLabel;
 class QLineEdit;
@@ -10,6 +11,7 @@ namespace karvel {
 
 class Desktop;
 class PhraseBlocks;
+class PictureSwitches;
 class SignSheet;
 
 /// "Alfabeto": the chart of the phonetic signs, and a box for a name to be written with them.
@@ -21,11 +23,13 @@ class Form2 : public QDialog {
 
   private:
     void fillChart();
+    void showName(const std::string& codes);
     void transcribeName();
 
     Desktop& desktop_;
     QLineEdit* text1_;
     PhraseBlocks* signs_;
+    PictureSwitches* switches_;
     QLabel* count_;
     QPushButton* use_ = nullptr;  ///< "Usa questi segni"
     SignSheet* chart_;

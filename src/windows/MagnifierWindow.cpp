@@ -1,18 +1,17 @@
 #include "windows/MagnifierWindow.hpp"
 
-#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSpinBox>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include "base/SignCode.hpp"
 #include "windows/signs/MagnifiedPhrase.hpp"
 #include "windows/signs/PhraseBlocks.hpp"
+#include "windows/signs/PictureSwitches.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/ScreenFit.hpp"
 #include "windows/support/Theme.hpp"
@@ -33,13 +32,6 @@ void placeBelowDisplay(QWidget& window, const QWidget& mainWindow)
     window.move(mainWindow.frameGeometry().center().x() - window.width() / 2,
                 mainWindow.frameGeometry().top() + drop);
     keepOnScreen(window);
-}
-
-QCheckBox* checkBox(const char* name, const QString& caption, QWidget* parent)
-{
-    auto* const made = new QCheckBox(caption, parent);
-    made->setObjectName(QLatin1String(name));
-    return made;
 }
 
 QScrollArea* scrolled(QWidget* content, const char* name, const QString& spoken, QWidget* parent)
@@ -63,11 +55,8 @@ Ingrandimento::Ingrandimento(Desktop& desktop, QWidget* parent)
       blocksArea_(scrolled(blocks_, "vistaBlocchi", QStringLiteral("frase in blocchi"), this)),
       views_(new QStackedWidget(this)),
       count_(new QLabel(this)),
-      inBlocks_(checkBox("blocchi", QStringLiteral("A &blocchi"), this)),
-      ring_(checkBox("cartiglio", QStringLiteral("Ca&rtiglio"), this)),
-      fromRight_(checkBox("destra", QStringLiteral("Da &destra a sinistra"), this)),
-      inColumns_(checkBox("colonna", QStringLiteral("In c&olonna"), this)),
-      height_(new QSpinBox(this))
+      switches_(new PictureSwitches(desktop.session(), QStringLiteral("Ingrandimento"),
+                                    {.codes = {}, .look = {.inRow = true}, .blockHeight = 96}, this))
 {
     setObjectName(QStringLiteral("Ingrandimento"));
     setWindowTitle(QStringLiteral("Ingrandimento"));
@@ -79,7 +68,7 @@ Ingrandimento::Ingrandimento(Desktop& desktop, QWidget* parent)
     count_->setObjectName(QStringLiteral("Label1"));
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(12, 12, 12, 12);
-    column->addWidget(switches());
+    column->addWidget(switches_);
     column->addWidget(views_, 1);
     column->addWidget(buttons());
     resize(860, 420);
@@ -87,32 +76,8 @@ Ingrandimento::Ingrandimento(Desktop& desktop, QWidget* parent)
         placeBelowDisplay(*this, *parent);
     }
     connect(&desktop_, &Desktop::changed, this, &Ingrandimento::showPhrase);
+    connect(switches_, &PictureSwitches::changed, this, &Ingrandimento::showPicture);
     showPhrase();
-}
-
-/// The switches of the view in blocks; only the first one works without it.
-QWidget* Ingrandimento::switches()
-{
-    auto* const bar = new QWidget(this);
-    auto* const line = new QHBoxLayout(bar);
-    line->setContentsMargins(0, 0, 0, 0);
-    for (QCheckBox* const box : {inBlocks_, ring_, fromRight_, inColumns_}) {
-        line->addWidget(box);
-        connect(box, &QCheckBox::toggled, this, &Ingrandimento::showPicture);
-    }
-    height_->setObjectName(QStringLiteral("altezza"));
-    height_->setAccessibleName(QStringLiteral("altezza dei blocchi, in pixel"));
-    height_->setRange(16, 400);
-    height_->setSingleStep(8);
-    height_->setValue(96);
-    height_->setSuffix(QStringLiteral(" px"));
-    connect(height_, &QSpinBox::valueChanged, this, &Ingrandimento::showPicture);
-    auto* const caption = new QLabel(QStringLiteral("Alte&zza:"), bar);
-    caption->setBuddy(height_);
-    line->addStretch(1);
-    line->addWidget(caption);
-    line->addWidget(height_);
-    return bar;
 }
 
 QWidget* Ingrandimento::buttons()
@@ -130,11 +95,11 @@ QWidget* Ingrandimento::buttons()
     const PictureButtons pictures = pictureButtons(bar);
     // Pictures are of the phrase in blocks, so that is what is shown from then on.
     connect(pictures.copy, &QPushButton::clicked, this, [this] {
-        showBlocks();
+        switches_->setInBlocks(true);
         blocks_->copy();
     });
     connect(pictures.save, &QPushButton::clicked, this, [this] {
-        showBlocks();
+        switches_->setInBlocks(true);
         blocks_->save();
     });
     line->addWidget(pictures.copy);
@@ -143,25 +108,13 @@ QWidget* Ingrandimento::buttons()
     return bar;
 }
 
-void Ingrandimento::showBlocks()
-{
-    inBlocks_->setChecked(true);
-}
-
 /// Shows the view that is chosen, and the phrase in blocks as the switches say.
 void Ingrandimento::showPicture()
 {
-    const bool inBlocks = inBlocks_->isChecked();
-    for (QWidget* const control : std::initializer_list<QWidget*>{ring_, fromRight_, inColumns_, height_}) {
-        control->setEnabled(inBlocks);
-    }
+    const bool inBlocks = switches_->inBlocks();
+    switches_->setShaping(inBlocks);
     views_->setCurrentWidget(inBlocks ? blocksArea_ : area_);
-    PhrasePicture picture{.codes = desktop_.session().display().DisplayCodes(),
-                          .blockHeight = height_->value()};
-    picture.look.ring = ring_->isChecked();
-    picture.look.placement.rightToLeft = fromRight_->isChecked();
-    picture.look.placement.columns = inColumns_->isChecked();
-    blocks_->setPicture(std::move(picture));
+    blocks_->setPicture(switches_->pictureOf(desktop_.session().display().DisplayCodes()));
     fit();
 }
 

@@ -2,10 +2,8 @@
 
 #include <QDialog>
 
-class QCheckBox;
 class QLabel;
 class QScrollArea;
-class QSpinBox;
 class QStackedWidget;
 
 namespace karvel {
@@ -13,6 +11,7 @@ namespace karvel {
 class Desktop;
 class MagnifiedPhrase;
 class PhraseBlocks;
+class PictureSwitches;
 
 /// The whole phrase in large signs, or as it was written, in blocks, of which it makes pictures; following
 /// the display while it is open.
@@ -27,10 +26,8 @@ class Ingrandimento : public QDialog {
     void showEvent(QShowEvent* event) override;
 
   private:
-    [[nodiscard]] QWidget* switches();
     [[nodiscard]] QWidget* buttons();
     void showPhrase();
-    void showBlocks();
     void showPicture();
     void fit();
     void fitSigns();
@@ -43,11 +40,7 @@ class Ingrandimento : public QDialog {
     QScrollArea* blocksArea_;
     QStackedWidget* views_;
     QLabel* count_;
-    QCheckBox* inBlocks_;
-    QCheckBox* ring_;
-    QCheckBox* fromRight_;
-    QCheckBox* inColumns_;
-    QSpinBox* height_;
+    PictureSwitches* switches_;  ///< of the view in blocks; only the first one works without it
 };
 
 }  // namespace karvel

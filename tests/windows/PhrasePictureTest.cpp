@@ -6,11 +6,13 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <filesystem>
 
 #include "windows/AlphabetWindow.hpp"
 #include "windows/MagnifierWindow.hpp"
+#include "windows/signs/PhraseBlocks.hpp"
 #include "windows/support/Stage.hpp"
 #include "writing/ManuelDeCodage.hpp"
 
@@ -84,7 +86,7 @@ class PhrasePictureTest : public QObject {
         stage.press("d51");
         stage.press("b47");
         stage.click("Command7");
-        auto* const magnifier = stage.windows().opened<Ingrandimento>();
+        auto* magnifier = stage.windows().opened<Ingrandimento>();
         magnifier->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(magnifier));
         const auto copied = [&] {
@@ -103,6 +105,18 @@ class PhrasePictureTest : public QObject {
         click(magnifier, "colonna");
         const QImage column = copied();
         QVERIFY(column.height() > column.width());
+        // The next window has the same switches.
+        control<QSpinBox>(magnifier, "altezza")->setValue(40);
+        magnifier->close();
+        QTRY_VERIFY(stage.windows().opened<Ingrandimento>() == nullptr);
+        stage.click("Command7");
+        magnifier = stage.windows().opened<Ingrandimento>();
+        QCOMPARE(control<PhraseBlocks>(magnifier, "frasePerBlocchi")->picture().blockHeight, 40);
+        QVERIFY(!control<QCheckBox>(magnifier, "destra")->isChecked());
+        magnifier->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(magnifier));
+        const QImage again = copied();
+        QVERIFY(!again.isNull() && again.height() < column.height() / 2 && again.height() > again.width());
 
         const QTemporaryDir directory;
         for (const char* const ending : {"png", "svg", "pdf"}) {

@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "app/PhraseClipboard.hpp"
+#include "base/SignCode.hpp"
 #include "windows/signs/PrintedSign.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
@@ -28,12 +29,22 @@ constexpr qreal kMostPixels = 4'000'000;  // of a cached picture; a larger one i
 QString keyOf(const Session& session, const std::string& codes, const PhraseLook& look)
 {
     const Layout* const own = session.arrangement().of(codes);
-    return QStringLiteral("%1|%2%3%4|%5")
+    return QStringLiteral("%1|%2%3%4%5|%6")
         .arg(qtext(own == nullptr ? codes : manuelDeCodage(*own)))
+        .arg(look.inRow)
         .arg(look.ring)
         .arg(look.placement.rightToLeft)
         .arg(look.placement.columns)
         .arg(look.placement.length);
+}
+
+Layout rowOf(std::string_view codes)
+{
+    Layout layout;
+    for (const std::string_view code : splitCodes(codes)) {
+        layout.blocks.push_back(Group::sign(code));
+    }
+    return layout;
 }
 
 QRectF rectOf(const Box& box)
@@ -119,7 +130,7 @@ SignDrawings& LayoutPainter::drawings()
 
 Layout LayoutPainter::layoutOf(const std::string& codes, const PhraseLook& look) const
 {
-    Layout layout = karvel::layoutOf(session_, codes);
+    Layout layout = look.inRow ? rowOf(codes) : karvel::layoutOf(session_, codes);
     return look.ring ? ringed(std::move(layout)) : layout;
 }
 

@@ -22,6 +22,7 @@ class Session;
 /// How a phrase is drawn in blocks.
 struct PhraseLook {
     bool ring = false;             ///< in a cartouche
+    bool inRow = false;            ///< each sign a block of its own
     PlacementOptions placement{};  ///< `length` in the unit of a placement
     QColor ink = Qt::black;        ///< of outlines and rings; images keep their own colours
 };

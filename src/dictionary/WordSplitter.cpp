@@ -85,7 +85,7 @@ void WordSplitter::run(std::string_view phrase)
         if (ui_.ask(wordBox(word->entry)) == Button::Cancel) {
             return;
         }
-        words_.add(word->entry.translation);
+        words_.add(word->entry.translation, word->entry.signs);
         if (word->length == phrase.size()) {
             return;  // kept: the last word stays on the display, as the phrase that it is
         }

@@ -32,14 +32,25 @@ struct Word {
 class TranslatedWords {
   public:
     [[nodiscard]] const std::vector<std::string>& List1() const { return lines_; }
-    void add(std::string translation) { lines_.push_back(std::move(translation)); }
-    void clear() { lines_.clear(); }
+    /// The signs of the word in line `line`, as codes.
+    [[nodiscard]] const std::string& signsOf(std::size_t line) const { return signs_[line]; }
+    void add(std::string translation, std::string signs)
+    {
+        lines_.push_back(std::move(translation));
+        signs_.push_back(std::move(signs));
+    }
+    void clear()
+    {
+        lines_.clear();
+        signs_.clear();
+    }
 
     /// The menu "Parole tradotte": true when there is something to show, else the user is told so.
     [[nodiscard]] bool mayBeShown(UserInterface& ui) const;
 
   private:
     std::vector<std::string> lines_;
+    std::vector<std::string> signs_;
 };
 
 /// What splitting does to the display besides showing found words.

@@ -3,12 +3,53 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
+#include "windows/signs/LayoutPainter.hpp"
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
+
+namespace {
+
+// Logical pixels, of the signs beside a word.
+constexpr QSize kSigns(128, 38);
+constexpr int kBlock = 32;
+
+/// A word with its signs in blocks before it.
+class WordRow : public QStyledItemDelegate {
+  public:
+    WordRow(Desktop& desktop, QObject* parent) : QStyledItemDelegate(parent), desktop_(desktop) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::paint(painter, option, index);
+        QStyleOptionViewItem row = option;
+        initStyleOption(&row, index);
+        const bool selected = row.state.testFlag(QStyle::State_Selected);
+        const PhraseLook look{.ink =
+                                  row.palette.color(selected ? QPalette::HighlightedText : QPalette::Text)};
+        const QRect place =
+            row.widget->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &row, row.widget);
+        paintPhrase(*painter, place, utf8(index.data(Qt::UserRole).toString()), kBlock, look, desktop_);
+    }
+
+  protected:
+    /// Leaves room for the signs where the style has an icon.
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        option->decorationSize = kSigns;
+    }
+
+  private:
+    Desktop& desktop_;
+};
+
+}  // namespace
 
 Form4::Form4(Desktop& desktop, QWidget* parent)
     : QDialog(parent),
@@ -23,6 +64,7 @@ Form4::Form4(Desktop& desktop, QWidget* parent)
     list1_->setAccessibleName(QStringLiteral("parole tradotte, nell'ordine della frase"));
     list1_->setAlternatingRowColors(true);
     list1_->setWordWrap(true);
+    list1_->setItemDelegate(new WordRow(desktop, list1_));
     clear_->setObjectName(QStringLiteral("Command2"));
     clear_->setAccessibleName(QStringLiteral("cancella tutte le parole dell'elenco"));
     clear_->setAutoDefault(false);
@@ -44,7 +86,7 @@ Form4::Form4(Desktop& desktop, QWidget* parent)
     connect(shut, &QPushButton::clicked, this, &Form4::close);
     connect(&desktop_, &Desktop::changed, this, &Form4::showWords);
     showWords();
-    resize(360, 320);
+    resize(420, 340);
 }
 
 void Form4::showWords()
@@ -56,8 +98,9 @@ void Form4::showWords()
         return;
     }
     list1_->clear();
-    for (const std::string& word : words) {
-        list1_->addItem(qtext(word));
+    for (std::size_t line = 0; line < words.size(); ++line) {
+        auto* const item = new QListWidgetItem(qtext(words[line]), list1_);
+        item->setData(Qt::UserRole, qtext(desktop_.session().translatedWords().signsOf(line)));
     }
     list1_->scrollToBottom();
 }

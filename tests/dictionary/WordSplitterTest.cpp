@@ -124,7 +124,7 @@ TEST(TranslatedWords, TellsWhenThereIsNothingToShow)
         .icon = Icon::Information};
     ui.expect(nothing);
     EXPECT_FALSE(words.mayBeShown(ui));
-    words.add("UNO");
+    words.add("UNO", "a01");
     EXPECT_TRUE(words.mayBeShown(ui));
     words.clear();
     ui.expect(nothing);

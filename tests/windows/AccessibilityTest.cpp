@@ -53,7 +53,7 @@ class AccessibilityTest : public QObject {
         stage.windows().openItalian();
         stage.windows().openPicture("C:\\programmi\\Karvel\\GR\\a01.gif", "a01");
         stage.windows().open<Voci>().list(Mode::Contains, "a01");
-        stage.session().translatedWords().add("uomo");
+        stage.session().translatedWords().add("uomo", "a01");
         stage.choose("tradotte");
         int windows = 0;
         for (QWidget* const window : QApplication::topLevelWidgets()) {

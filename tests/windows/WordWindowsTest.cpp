@@ -33,12 +33,8 @@ QStringList lines(const Form4* window)
     return all;
 }
 
-/// True when there is dark ink where `sign` stands on `page`, of which `sheet` fills the whole width.
-bool inkAt(const SheetSign* sign, const QImage& page, const SignSheet* sheet)
+bool inked(const QImage& part)
 {
-    const qreal factor = page.width() / static_cast<qreal>(sheet->width());
-    const QRectF place(QPointF(sign->pos()) * factor, QSizeF(sign->width(), sign->height() - 46) * factor);
-    const QImage part = page.copy(place.toRect());
     int dark = 0;
     for (int y = 0; y < part.height(); ++y) {
         for (int x = 0; x < part.width(); ++x) {
@@ -46,6 +42,14 @@ bool inkAt(const SheetSign* sign, const QImage& page, const SignSheet* sheet)
         }
     }
     return dark > 40;
+}
+
+/// True when there is dark ink where `sign` stands on `page`, of which `sheet` fills the whole width.
+bool inkAt(const SheetSign* sign, const QImage& page, const SignSheet* sheet)
+{
+    const qreal factor = page.width() / static_cast<qreal>(sheet->width());
+    const QRectF place(QPointF(sign->pos()) * factor, QSizeF(sign->width(), sign->height() - 46) * factor);
+    return inked(page.copy(place.toRect()));
 }
 
 }  // namespace
@@ -79,6 +83,11 @@ class WordWindowsTest : public QObject {
         stage.expect(word("UNO"));  // the open window follows the next search
         stage.click("Command12");
         QCOMPARE(lines(window), QStringList({"DUE", "TRE", "UNO"}));
+        const auto* const list = control<QListWidget>(window, "List1");
+        const QRect first = list->visualItemRect(list->item(0));
+        QVERIFY(first.height() >= 32);
+        QVERIFY(
+            inked(list->viewport()->grab(QRect(first.topLeft(), QSize(100, 30))).toImage()));  // the signs
         click(window, "Command1");
         QTRY_VERIFY(stage.windows().opened<Form4>() == nullptr);
         const auto* const again = stage.open<Form4>("tradotte");

@@ -38,7 +38,7 @@ bool inked(const QImage& part)
     int dark = 0;
     for (int y = 0; y < part.height(); ++y) {
         for (int x = 0; x < part.width(); ++x) {
-            dark += qGray(part.pixel(x, y)) < 80 ? 1 : 0;
+            dark += qGray(part.pixel(x, y)) < 140 ? 1 : 0;
         }
     }
     return dark > 40;
@@ -129,7 +129,7 @@ class WordWindowsTest : public QObject {
         }
         QCOMPARE(codes, std::string("o35n27n10f51c23f20b20"));
         for (const SignSheet* const sheet : {alphabet, numerals}) {
-            QImage page(sheet->size() * 1.3, QImage::Format_RGB32);
+            QImage page(sheet->size() * 2, QImage::Format_RGB32);
             page.fill(Qt::white);
             QPainter painter(&page);
             sheet->draw(painter, QRectF(page.rect()));

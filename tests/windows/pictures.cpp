@@ -25,6 +25,7 @@
 #include "windows/SplashWindow.hpp"
 #include "windows/TranslatedWordsWindow.hpp"
 #include "windows/VociWindow.hpp"
+#include "windows/signs/AnswerPane.hpp"
 #include "windows/support/Stage.hpp"
 #include "windows/support/Theme.hpp"
 
@@ -167,8 +168,13 @@ int main(int argc, char** argv)
     open<frmAbout>(stage, directory);
     open<Guide>(stage, directory);
     takeReading(stage, directory);
-    stage.windows().open<Voci>().list(Mode::Contains, "d51");
-    take(*stage.windows().opened<Voci>(), directory);
+    auto& found = stage.windows().open<Voci>();
+    found.list(Mode::Contains, "d51");
+    const auto* const answers = found.findChild<AnswerPane*>();
+    if (!QTest::qWaitFor([&] { return !answers->reading(); })) {
+        return 1;  // the list would stand half filled in the picture
+    }
+    take(found, directory);
     auto* const splash = new frmSplash(stage.desktop(), stage.form1());
     take(*splash, directory);
     return 0;

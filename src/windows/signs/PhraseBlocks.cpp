@@ -61,9 +61,9 @@ void PhraseBlocks::setPicture(PhrasePicture picture)
 void PhraseBlocks::fit(QSize view)
 {
     PlacementOptions& placement = picture_.look.placement;
-    const int room = (placement.columns ? view.height() : view.width()) - 2 * kMargin;
+    const int free = (placement.columns ? view.height() : view.width()) - 2 * kMargin;
     placement.length =
-        std::max(1.0, room * kBlockHeight / std::max(1, picture_.blockHeight) - 2 * kPictureMargin);
+        std::max(1.0, free * kBlockHeight / std::max(1, picture_.blockHeight) - 2 * kPictureMargin);
     const QSizeF size = phraseSize(picture_.codes, picture_.blockHeight, picture_.look, desktop_);
     resize(QSize(qCeil(size.width()), qCeil(size.height()))
                .grownBy(QMargins(kMargin, kMargin, kMargin, kMargin))

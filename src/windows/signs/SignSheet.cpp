@@ -22,9 +22,9 @@ const QColor kPaper(252, 247, 234);
 const QColor kInk(52, 38, 22);
 const QColor kRule(160, 128, 76);
 
-constexpr int kMargin = 26;      // logical pixels between the sheet's edge and its signs
-constexpr int kTitleRoom = 46;   // above the signs
-constexpr int kFooterRoom = 34;  // below them
+constexpr int kMargin = 26;        // logical pixels between the sheet's edge and its signs
+constexpr int kTitleHeight = 46;   // above the signs
+constexpr int kFooterHeight = 34;  // below them
 
 QFont sheetFont(int pixels, bool bold, bool serif)
 {
@@ -38,11 +38,11 @@ QFont sheetFont(int pixels, bool bold, bool serif)
     return made;
 }
 
-/// `font`, smaller where `text` would be wider than `room` logical pixels.
-QFont fitting(QFont font, const QString& text, qreal room)
+/// `font`, smaller where `text` would be wider than `width` logical pixels.
+QFont fitting(QFont font, const QString& text, qreal width)
 {
     constexpr int kSmallest = 8;
-    while (font.pixelSize() > kSmallest && QFontMetricsF(font).horizontalAdvance(text) > room) {
+    while (font.pixelSize() > kSmallest && QFontMetricsF(font).horizontalAdvance(text) > width) {
         font.setPixelSize(font.pixelSize() - 1);
     }
     return font;
@@ -77,16 +77,17 @@ void SheetSign::draw(QPainter& painter, const QRectF& area, Medium medium) const
     constexpr qreal kName = 18;
     painter.setPen(kInk);
     const qreal side = std::min(area.width() - 12, area.height() - kMeaning - kName - 8);
-    const QRectF room(area.left(), area.top() + 4, area.width(), area.height() - kMeaning - kName - 6);
-    const QRectF square(room.center() - QPointF(side / 2, side / 2), QSizeF(side, side));
+    const QRectF picture(area.left(), area.top() + 4, area.width(), area.height() - kMeaning - kName - 6);
+    const QRectF square(picture.center() - QPointF(side / 2, side / 2), QSizeF(side, side));
     if (!drawSign(painter, square, medium)) {
         painter.setFont(sheetFont(16, false, false));
-        painter.drawText(room, Qt::AlignCenter, qtext(code_));
+        painter.drawText(picture, Qt::AlignCenter, qtext(code_));
     }
     painter.setFont(fitting(sheetFont(19, true, true), meaning_, area.width() - 16));
-    painter.drawText(QRectF(area.left(), room.bottom(), area.width(), kMeaning), Qt::AlignCenter, meaning_);
+    painter.drawText(QRectF(area.left(), picture.bottom(), area.width(), kMeaning), Qt::AlignCenter,
+                     meaning_);
     painter.setFont(fitting(sheetFont(11, false, false), name_, area.width() - 4));
-    painter.drawText(QRectF(area.left(), room.bottom() + kMeaning - 2, area.width(), kName),
+    painter.drawText(QRectF(area.left(), picture.bottom() + kMeaning - 2, area.width(), kName),
                      Qt::AlignHCenter | Qt::AlignTop, name_);
 }
 
@@ -132,7 +133,7 @@ SignSheet::SignSheet(Desktop& desktop, const QString& title, const QString& foot
       grid_(new QGridLayout(this))
 {
     setAccessibleName(title_);
-    grid_->setContentsMargins(kMargin, kMargin + kTitleRoom, kMargin, kMargin + kFooterRoom);
+    grid_->setContentsMargins(kMargin, kMargin + kTitleHeight, kMargin, kMargin + kFooterHeight);
     grid_->setSpacing(4);
 }
 
@@ -186,8 +187,8 @@ void SignSheet::drawFrame(QPainter& painter, const QRectF& area) const
                      QPointF(area.center().x() + half, title.bottom() + 4));
     painter.setPen(kInk);
     painter.setFont(footerFont());
-    painter.drawText(QRectF(area.left() + kMargin, area.bottom() - kFooterRoom - 18,
-                            area.width() - 2 * kMargin, kFooterRoom),
+    painter.drawText(QRectF(area.left() + kMargin, area.bottom() - kFooterHeight - 18,
+                            area.width() - 2 * kMargin, kFooterHeight),
                      Qt::AlignCenter | Qt::TextWordWrap, footer_);
 }
 

@@ -147,7 +147,8 @@ void offerEdition(const FileSystem& files, UserInterface& ui)
         }
         files.replace(kEditionAnswerPath, answer);
     } catch (const RuntimeError&) {
-        // A file that cannot be read is reported by the part that needs it. An answer that was not saved is asked again.
+        // A file that cannot be read is reported by the part that needs it. An answer that was not saved is
+        // asked again.
     }
 }
 

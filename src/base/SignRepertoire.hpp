@@ -31,9 +31,9 @@ class SignRepertoire {
     [[nodiscard]] static const SignRepertoire& standard();
 
     /// Reads a table: a header line, then code, Unicode number, Gardiner number, description and values
-    /// separated by tabs; several values are separated by "/". `uses` has a line for each sign that the dictionary
-    /// uses: code, tab, number of entries. Both must outlive the repertoire. Lines that are no signs are
-    /// passed over.
+    /// separated by tabs; several values are separated by "/". `uses` has a line for each sign that the
+    /// dictionary uses: code, tab, number of entries. Both must outlive the repertoire. Lines that are no
+    /// signs are passed over.
     explicit SignRepertoire(std::string_view table, std::string_view uses = {});
 
     [[nodiscard]] const std::vector<SignInfo>& signs() const { return signs_; }

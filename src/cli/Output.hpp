@@ -15,8 +15,8 @@ class Output {
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
-    /// Signs, translation, transliteration and note as stored, separated by tabs, on one line; a tab or a line
-    /// end inside a field is shown as a blank.
+    /// Signs, translation, transliteration and note as stored, separated by tabs, on one line; a tab or a
+    /// line end inside a field is shown as a blank.
     void entry(const RawRecord& record);
     void entry(const DictionaryEntry& entry);
     void line(std::string_view utf8);

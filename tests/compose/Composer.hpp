@@ -24,9 +24,9 @@ class FakeMode : public MissingSignMode {
 /// A palette and a display line, worked by short commands and told in one line.
 class Composer {
   public:
-    /// Does what `actions` say, separated by blanks: kN presses the next N keys (a01, a02, ... a53, b01, ...),
-    /// cN clicks cell N, found:CODES shows an entry, hide:CODE takes the image of a sign away; the rest are
-    /// the buttons.
+    /// Does what `actions` say, separated by blanks: kN presses the next N keys (a01, a02, ... a53, b01,
+    /// ...), cN clicks cell N, found:CODES shows an entry, hide:CODE takes the image of a sign away; the rest
+    /// are the buttons.
     void act(const std::string& actions)
     {
         std::istringstream words(actions);

@@ -187,8 +187,7 @@ class KeyboardTest : public QObject {
             for (const QAction* const item : menu->actions()) {
                 captions << item->text();
             }
-            QCOMPARE(captions.mid(3, 3),
-                     (QStringList{"«birra && pane»", "A1-A2 · Cerca simile", QString()}));
+            QCOMPARE(captions.mid(3, 3), (QStringList{"«birra && pane»", "A1-A2 · Cerca simile", QString()}));
             menu->close();
         }
         menu->actions()[4]->trigger();

@@ -83,7 +83,7 @@ void turnPages(const char* what, int look, int wait = 0)
 /// All entries with N35, which most words have, and a page of them after the other.
 void listAnswers(Stage& stage)
 {
-    const std::string code = SignRepertoire::standard().byGardiner("N35")->code;
+    const std::string code(SignRepertoire::standard().byGardiner("N35")->code);
     std::vector<double> lists;
     std::vector<double> pages;
     for (int i = 0; i < 9; ++i) {

@@ -78,7 +78,7 @@ class FileSystem {
     void holdInMemory(std::string_view path) const;
 
   private:
-    /// By host path; a file that nothing was put into since is read from the disk.
+    /// By host path; empty until something is written: the file is then read from the disk.
     using HeldFiles = std::map<std::filesystem::path, std::optional<std::string>>;
 
     [[nodiscard]] std::string freeNameForOld(std::string_view path) const;

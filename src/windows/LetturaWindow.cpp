@@ -189,7 +189,7 @@ void Lettura::buildBottom(QBoxLayout& column)
 }
 
 /// Makes the reader at its first use, and again after the dictionary changed. False when the dictionary
-/// cannot be read, which is told.
+/// cannot be read, after a box that says so.
 bool Lettura::prepareReader()
 {
     Session& session = desktop_.session();
@@ -266,7 +266,7 @@ void Lettura::change(const std::function<void()>& step)
     showPassage();
 }
 
-/// Takes back the last change, which may be the text.
+/// Takes back the last change, which may be a change of the text.
 void Lettura::undo()
 {
     const std::string before = passage_.work().text;

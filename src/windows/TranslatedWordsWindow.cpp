@@ -37,7 +37,7 @@ class WordRow : public QStyledItemDelegate {
     }
 
   protected:
-    /// Leaves room for the signs where the style has an icon.
+    /// Leaves space for the signs where the style draws an icon.
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);

@@ -193,7 +193,7 @@ class WordFinder::Inquiry : public WordFinder::Search {
     std::shared_ptr<Folded> records_;
     QuestionKind usual_;
     std::vector<Asked> questions_;
-    std::size_t next_ = 0;  ///< the number of the record to be asked next
+    std::size_t next_ = 0;  ///< the number of the record to be compared next
     ReadingProgress progress_;
     std::unique_ptr<RecordReader> reader_;  ///< of a dictionary that is too large to be kept
 };

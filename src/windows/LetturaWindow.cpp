@@ -31,7 +31,7 @@ constexpr std::size_t kLargestFile = std::size_t{1} << 20;
 constexpr int kTextLines = 3;  ///< that a box for text shows
 constexpr qsizetype kPlacesShown = 4;
 constexpr qsizetype kPlacesInTip = 25;
-constexpr qsizetype kLettersShown = 24;  ///< of what was not understood
+constexpr qsizetype kLettersShown = 24;  ///< of a piece of text that was not understood
 
 QString shortened(const QString& text)
 {

@@ -14,7 +14,7 @@ namespace karvel {
 
 namespace {
 
-// Logical pixels, of the signs beside a word.
+// Sizes of the signs beside a word, in logical pixels.
 constexpr QSize kSigns(128, 38);
 constexpr int kBlock = 32;
 

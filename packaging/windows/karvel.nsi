@@ -62,7 +62,7 @@ VIAddVersionKey /LANG=1040 LegalCopyright "2026 Progetto Karvel, GPL-3.0-or-late
 
 !define MUI_WELCOMEPAGE_TITLE "Benvenuti in Karvel ${VERSION}"
 !define MUI_WELCOMEPAGE_TEXT "Karvel è un dizionario tra i segni geroglifici egizi e l'italiano.$\r$\n$\r$\nIl programma viene installato nella sola cartella in cui può funzionare:$\r$\n${ROOT}$\r$\n$\r$\nSe la cartella contiene già un dizionario, impostazioni, preferiti o schede, questi file restano come sono.$\r$\n$\r$\nPremere Avanti per continuare."
-; The licence asks nobody to accept it who only uses the program: the page shows it and goes on.
+; Someone who only uses the program need not accept the licence: the page shows it, its button is "Avanti".
 !define MUI_LICENSEPAGE_TEXT_TOP "Karvel è software libero, con la licenza GNU GPL versione 3 o successiva."
 !define MUI_LICENSEPAGE_TEXT_BOTTOM "Per usare il programma non occorre accettarla: dice che cosa può fare chi lo copia o lo modifica. I dati hanno licenze proprie (CREDITS.md e licenze, nella cartella di Karvel). Non c'è alcuna garanzia."
 !define MUI_LICENSEPAGE_BUTTON "&Avanti >"

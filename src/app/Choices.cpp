@@ -55,7 +55,7 @@ void Choices::set(const std::string& name, const std::string& text)
     try {
         files_.replace(kChoicesPath, lines, Durability::Process);
     } catch (const RuntimeError&) {
-        // It stays in memory.
+        // The text stays in memory.
     }
 }
 

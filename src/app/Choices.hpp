@@ -11,8 +11,8 @@ namespace karvel {
 inline constexpr std::string_view kChoicesPath = "C:\\programmi\\Karvel\\settaggi\\scelte.txt";
 
 /// What the program remembers of its windows from one start to the next: texts by their names. The file has a
-/// line "name=text" for each, UTF-8. One that is missing, damaged or cannot be written is no fault: nothing
-/// is remembered then.
+/// line "name=text" for each, UTF-8. A file that is missing, damaged or cannot be written is no failure: the
+/// choices then last until the program ends.
 class Choices {
   public:
     /// `files` must outlive the object. The file is read when the first text is asked for.

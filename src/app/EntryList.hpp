@@ -46,7 +46,7 @@ class EntryList : public AnswerSearch {
     const FileSystem& files_;
     Mode mode_;
     std::string phrase_;
-    std::string_view left_;  ///< Split: what is still to be split
+    std::string_view left_;  ///< Split: the rest that is not split yet
     std::vector<Answer> found_;
     ReadingProgress progress_;
     std::unique_ptr<RecordReader> reader_;
@@ -56,7 +56,7 @@ class EntryList : public AnswerSearch {
 /// A fault of the dictionary in one line.
 [[nodiscard]] std::string faultLine(const RuntimeError& failure);
 
-/// What is said of a reading that the user stopped at `percent` with so many answers found.
+/// The line shown after the user stopped a reading at `percent`, when `found` answers had been found.
 [[nodiscard]] std::string stoppedLine(int percent, std::size_t found);
 
 /// Shows `entry`, an answer to the phrase `searched`, as a match of a search is shown, without its box:
@@ -67,7 +67,8 @@ void showEntry(Session& session, const DictionaryEntry& entry, const std::string
 /// False when they were refused. Throws like Palette::pressCodes.
 bool useSigns(Session& session, std::string_view codes);
 
-/// All spellings as a table for spreadsheets, UTF-8 with its mark, fields separated by ";" as they are here.
+/// All spellings as a table for spreadsheets, UTF-8 with a byte order mark, fields separated by ";" as is
+/// usual in Italy.
 [[nodiscard]] std::string asCsv(const Answers& answers);
 
 /// All spellings as a page with the signs in Unicode.

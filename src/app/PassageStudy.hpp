@@ -5,7 +5,8 @@
 
 namespace karvel {
 
-/// The study sheet of a passage: its lines of signs, the running texts, and its words below each other.
+/// The study sheet of a passage: its lines of signs, the transliteration and translation of the whole, and
+/// its words one below the other.
 [[nodiscard]] StudySheet studyOf(const Passage& passage);
 
 }  // namespace karvel

@@ -52,7 +52,7 @@ void paste(Session& session, std::string_view utf8)
     }
     const std::string before = session.display().DisplayCodes();
     const std::string added = codesOf(*pasted);
-    // A copy of a phrase that nobody arranged joins the others as typed signs do.
+    // Signs pasted without groups of the user's own are grouped automatically, as typed signs are.
     const bool byHand = session.arrangement().of(before) != nullptr || *pasted != blocksOf(added);
     Layout whole = layoutOf(session, before);
     std::vector<std::string> codes;

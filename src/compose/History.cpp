@@ -113,7 +113,7 @@ void History::remember(Search search)
     position_ = static_cast<std::ptrdiff_t>(searches_.size());
 }
 
-/// A failure is not told: the search goes on, and a box at each search would be worse than a lost line.
+/// A failure is not reported: the search goes on, and a box at each search would be worse than a lost line.
 void History::write() const
 {
     if (!mayWrite_) {

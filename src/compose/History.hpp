@@ -63,7 +63,7 @@ class History {
     std::vector<Search> searches_;
     std::ptrdiff_t position_ = 0;  ///< of the search brought back last; their number when there is none
     bool read_ = false;
-    bool mayWrite_ = true;  ///< false when the file is there but cannot be read: it is left alone
+    bool mayWrite_ = true;  ///< false when the file exists but cannot be read: it is not overwritten
 };
 
 }  // namespace karvel

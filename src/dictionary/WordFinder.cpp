@@ -6,8 +6,8 @@
 
 namespace karvel {
 
-/// What searches have read of the dictionary so far, folded. It grows with the first search that comes to its
-/// end, so that nobody waits for the whole of it.
+/// The records of the dictionary that searches have read so far, folded. A search that comes to the end of
+/// them reads further records. So the first answer does not wait until the whole file is read.
 class WordFinder::Folded {
   public:
     struct Record {
@@ -193,7 +193,7 @@ class WordFinder::Inquiry : public WordFinder::Search {
     std::shared_ptr<Folded> records_;
     QuestionKind usual_;
     std::vector<Asked> questions_;
-    std::size_t next_ = 0;  ///< the number of the record to be asked next
+    std::size_t next_ = 0;  ///< the number of the record to be compared next
     ReadingProgress progress_;
     std::unique_ptr<RecordReader> reader_;  ///< of a dictionary that is too large to be kept
 };

@@ -73,12 +73,12 @@ class FileSystem {
     /// Whether `replace` could now put a file at `path`. Nothing is changed.
     [[nodiscard]] bool canReplace(std::string_view path) const;
 
-    /// From now on `replace` leaves the file at `path` as it is: what it is given is kept in memory, for this
-    /// object and its copies, and `open` and `readAll` give it back.
+    /// From now on `replace` does not write the file at `path`: this object and its copies keep the new
+    /// content in memory, and `open` and `readAll` give that content.
     void holdInMemory(std::string_view path) const;
 
   private:
-    /// By host path; a file that nothing was put into since is read from the disk.
+    /// The content by host path. Without content, before the first `replace`, the file is read from the disk.
     using HeldFiles = std::map<std::filesystem::path, std::optional<std::string>>;
 
     [[nodiscard]] std::string freeNameForOld(std::string_view path) const;

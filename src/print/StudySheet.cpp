@@ -130,7 +130,7 @@ class Pages {
   public:
     explicit Pages(double height) : height_(height) {}
 
-    /// Leaves room above what comes next, but not at the top of a page.
+    /// Leaves space above the next line, but not at the top of a page.
     void leave(double room) { top_ += top_ > 0 ? room : 0; }
 
     /// What comes next, `height` high, begins on a new page where it would otherwise not stand on one.

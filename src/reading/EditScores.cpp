@@ -7,11 +7,11 @@ namespace karvel {
 
 namespace {
 
-constexpr float kNear = 0.8F;      ///< of the new spellings so many are near a known one
-constexpr float kAnySign = 0.3F;   ///< of the edits so many are spread over all signs
+constexpr float kNear = 0.8F;      ///< share of the new spellings that are near a known one
+constexpr float kAnySign = 0.3F;   ///< share of the edits that is spread over all signs
 constexpr float kByChance = 0.4F;  ///< added to the counts of signs seen together, and to those expected
 
-constexpr float kSmall = 0.25F;  ///< below it log(1 + x) is taken for x, which is much faster
+constexpr float kSmall = 0.25F;  ///< below it x is used in place of log(1 + x), which is much faster
 
 std::size_t placeOf(Edit edit, char16_t sign)
 {

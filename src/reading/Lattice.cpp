@@ -10,11 +10,11 @@ namespace karvel {
 namespace {
 
 constexpr float kNever = -1e30F;
-constexpr std::size_t kNodes = 8;  ///< kept at a position
-constexpr float kNodeGap = 6.5F;   ///< none that is so much worse than the best of its position
-constexpr float kArcGap = 8.0F;    ///< nor an arc
+constexpr std::size_t kNodes = 8;  ///< the most that are kept at a position
+constexpr float kNodeGap = 6.5F;   ///< a node that is worse than the best of its position by more is dropped
+constexpr float kArcGap = 8.0F;    ///< the same for an arc
 constexpr float kFollowingWeight =
-    0.65F;                           ///< weight of what follows what, against 1 of how words are written
+    0.65F;                           ///< weight of the order of words; the weight of their spelling is 1
 constexpr float kEachWord = -0.7F;   ///< for every word: fewer and longer ones
 constexpr float kNoWord = -14.0F;    ///< for a sign that is no word
 constexpr float kAnyWord = -10.0F;   ///< for a word chosen by hand for signs that never write it

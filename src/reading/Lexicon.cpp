@@ -18,7 +18,7 @@ constexpr std::size_t kLongestChanged = 10;  ///< signs of a changed spelling; t
 constexpr float kNewEach = 0.7F;
 constexpr float kNewOnce = 0.5F;
 constexpr float kNewAll = 2.5F;
-constexpr float kMoved = 0.005F;    ///< of them so many differ from a known one by the place of a sign
+constexpr float kMoved = 0.005F;    ///< share of the new spellings that move one sign of a known one
 constexpr float kUncounted = 0.5F;  ///< added to the count of a word when candidates are compared
 constexpr std::size_t kKept = 6;    ///< candidates for a run of signs
 

@@ -66,10 +66,10 @@ class Lexicon {
         std::uint32_t next = 0;  ///< the next gap with the same hash; 0 none
     };
 
-    /// What a run of signs is: a spelling, and what is left of others without one sign.
+    /// What a sequence of signs is: a spelling, and spellings from which one sign is left out.
     struct Signs {
         std::uint32_t spelling = 0;  ///< its number plus one; 0 none
-        std::uint32_t gap = 0;       ///< the first; 0 none
+        std::uint32_t gap = 0;       ///< the number of the first gap; 0 none
     };
 
     Spelling& spellingOf(SignsView signs);

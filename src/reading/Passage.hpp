@@ -26,7 +26,7 @@ struct PassageSigns {
     std::vector<UnknownText> unknown;
 };
 
-/// How a word is read that is a sign code as well as a Gardiner number in small letters.
+/// How a group of letters is read that may be a sign code or a Gardiner number in small letters.
 enum class SignForm : std::uint8_t { Code, Gardiner };
 
 /// Reads Unicode hieroglyphs, sign codes, and Gardiner numbers with the separators of the Manuel de Codage,

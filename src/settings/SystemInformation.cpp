@@ -36,7 +36,7 @@ std::string asText(std::uint32_t type, std::string_view bytes)
     if (type == static_cast<std::uint32_t>(Registry::Type::Number)) {
         return hexadecimal(bytes);
     }
-    // Whoever wrote the value may have left the NUL out.
+    // The program that wrote the value may have left the NUL out.
     if (type == static_cast<std::uint32_t>(Registry::Type::String) && bytes.ends_with('\0')) {
         bytes.remove_suffix(1);
     }

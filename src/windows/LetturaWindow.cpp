@@ -31,7 +31,7 @@ constexpr std::size_t kLargestFile = std::size_t{1} << 20;
 constexpr int kTextLines = 3;  ///< that a box for text shows
 constexpr qsizetype kPlacesShown = 4;
 constexpr qsizetype kPlacesInTip = 25;
-constexpr qsizetype kLettersShown = 24;  ///< of what was not understood
+constexpr qsizetype kLettersShown = 24;  ///< of a piece of text that was not understood
 
 QString shortened(const QString& text)
 {
@@ -189,7 +189,7 @@ void Lettura::buildBottom(QBoxLayout& column)
 }
 
 /// Makes the reader at its first use, and again after the dictionary changed. False when the dictionary
-/// cannot be read, which is told.
+/// cannot be read, after a box that says so.
 bool Lettura::prepareReader()
 {
     Session& session = desktop_.session();
@@ -266,7 +266,7 @@ void Lettura::change(const std::function<void()>& step)
     showPassage();
 }
 
-/// Takes back the last change, which may be the text.
+/// Takes back the last change, which may be a change of the text.
 void Lettura::undo()
 {
     const std::string before = passage_.work().text;

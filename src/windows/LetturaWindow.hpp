@@ -26,11 +26,11 @@ class Lettura : public QDialog {
   public:
     Lettura(Desktop& desktop, QWidget* parent);
 
-    /// Saves as a page, as text, or (any other name) with the choices made by hand; what it is tells the
-    /// ending of `path`. Throws RuntimeError.
+    /// Saves as a page, as text, or (any other name) with the choices made by hand; the ending of `path`
+    /// decides. Throws RuntimeError.
     void saveTo(const std::string& path);
 
-    /// Opens saved work, or a text. A file that is damaged is told, and what is shown stays. Throws
+    /// Opens saved work, or a text. A damaged file is reported, and what is shown stays. Throws
     /// RuntimeError.
     void openFrom(const std::string& path);
 

@@ -47,7 +47,7 @@ void begin(QPainter& painter, QPrinter& printer)
                   printer.logicalDpiY() / double(kUnitsPerInch));
 }
 
-/// Whether the sheets arrived. The toolkit tells neither of a full disk nor of a queue that is gone.
+/// Whether the sheets arrived. The toolkit reports neither a full disk nor a missing printer queue.
 bool arrived(const QPrinter& printer)
 {
     if (printer.printerState() == QPrinter::Error) {

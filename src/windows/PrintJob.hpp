@@ -38,7 +38,7 @@ void setUp(QPrinter& printer);
 
 /// Prints what `paint` paints, in units of 1/1440 inch from the corner inside the margins. `paint` returns
 /// false when the printer takes no further page.
-/// Throws RuntimeError 57 when the printer fails or is there no more, 61 when the disk of the file to print
+/// Throws RuntimeError 57 when the printer fails or has been removed, 61 when the disk of the file to print
 /// to is full, 75 when that file cannot be written. A file cut short is removed.
 void printWith(QPrinter& printer, const std::function<bool(QPainter&)>& paint);
 

@@ -33,7 +33,7 @@ class StudyPages {
 /// Prints a study sheet. Throws as printWith does.
 void printStudy(QPrinter& printer, const StudySheet& study, Desktop& desktop);
 
-/// Asks for a printer and prints a study sheet. A failure is told in a box.
+/// Asks for a printer and prints a study sheet. A failure is reported in a box.
 void askAndPrintStudy(QWidget& parent, const StudySheet& study, Desktop& desktop);
 
 }  // namespace karvel

@@ -14,7 +14,7 @@ namespace karvel {
 
 namespace {
 
-// Logical pixels, of the signs beside a word.
+// Sizes of the signs beside a word, in logical pixels.
 constexpr QSize kSigns(128, 38);
 constexpr int kBlock = 32;
 
@@ -37,7 +37,7 @@ class WordRow : public QStyledItemDelegate {
     }
 
   protected:
-    /// Keeps a place for the signs where the style has an icon.
+    /// Leaves space for the signs where the style draws an icon.
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);

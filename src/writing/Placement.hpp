@@ -11,7 +11,7 @@ namespace karvel {
 /// painter that wants it so many pixels high multiplies all lengths by their ratio. x goes right, y down.
 inline constexpr double kBlockHeight = 1100;
 
-/// The room between one line of blocks, or column, and the next.
+/// The distance between one line (or column) of blocks and the next.
 inline constexpr double kBetweenLines = 320;
 
 struct Box {

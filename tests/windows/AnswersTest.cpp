@@ -35,7 +35,7 @@ QStringList rows(AnswerList* list)
     return all;
 }
 
-/// A dictionary without end.
+/// A search whose reading never ends.
 class EndlessSearch : public AnswerSearch {
   public:
     [[nodiscard]] Answers answers() const override { return Answers::of(found_); }

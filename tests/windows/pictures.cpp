@@ -1,4 +1,4 @@
-// Takes a picture of every window, for the guide and for a look at all of them:
+// Takes a picture of every window, for the guide and for checking how they look:
 //   make_pictures DIRECTORY
 #include <QCheckBox>
 #include <QDir>

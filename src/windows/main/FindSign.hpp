@@ -59,7 +59,7 @@ class FindSign : public QWidget {
     QWidget& stage_;
     QLineEdit* field_;
     QListWidget* list_;
-    QAction* search_ = nullptr;  ///< the magnifier, for the eye alone
+    QAction* search_ = nullptr;  ///< the magnifier symbol; a click on it sets the focus into the field
     QAction* clear_ = nullptr;
     std::vector<const SignInfo*> found_;
     QPointer<QWidget> before_;

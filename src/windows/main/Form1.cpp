@@ -178,7 +178,7 @@ void Form1::showPalette()
     const Palette& shown = desktop_.session().palette();
     for (std::size_t i = 0; i < tasto_.size(); ++i) {
         tasto_[i]->setSign(shown.picture(i), shown.codeOf(i));
-        // Whatever is pressed next takes the mark away.
+        // The mark is removed when another sign is pressed.
         tasto_[i]->setMarked(shown.codeOf(i) == pointedAt_ && shown.CurrentSignCode() == pointedAt_);
     }
     if (prepared_ != desktop_.session().images().path(signCode(shown.CurrentPage(), 0))) {

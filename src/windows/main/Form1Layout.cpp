@@ -32,7 +32,7 @@ namespace karvel {
 namespace {
 
 constexpr int kGap = 8;           // logical pixels between the parts of the window
-constexpr int kLowScreen = 450;   // logical pixels: below this height every gap counts
+constexpr int kLowScreen = 450;   // logical pixels: on a lower screen the gaps are half as high
 constexpr int kLargestKey = 110;  // logical pixels: a larger sign is no easier to read
 constexpr int kWidestGap = 48;    // between the keys of a large window
 constexpr int kPageRests = 150;   // milliseconds without a page turn before other pages are scaled

@@ -30,7 +30,7 @@ constexpr int kRow = 42;
 constexpr int kTriangle = 22;  // the width in which the mark of a closed word stands
 constexpr int kGap = 10;
 
-constexpr double kMark = 0.4;  // how strongly the ground of a sign that matched is coloured
+constexpr double kMark = 0.4;  // the share of colour in the background of a sign that matched
 
 // Shares of the width; the note takes the rest.
 constexpr double kSignsShare = 0.30;

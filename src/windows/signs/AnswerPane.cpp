@@ -20,7 +20,7 @@ namespace karvel {
 
 namespace {
 
-// Milliseconds of reading before the windows get their turn. The first piece is longer, so that a dictionary
+// Milliseconds of reading before the event loop runs again. The first piece is longer, so that a dictionary
 // of usual size is read in it.
 constexpr int kFirstPiece = 40;
 constexpr int kPiece = 12;

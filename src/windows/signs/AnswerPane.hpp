@@ -37,7 +37,8 @@ class AnswerPane : public QWidget {
     /// of a short reading stand there at the return; those of a long one appear while it is read.
     void follow(std::shared_ptr<AnswerSearch> search);
 
-    /// Ends the reading; the answers found so far stay, with a line that tells so. False when there is none.
+    /// Ends the reading; the answers found so far stay, with a line that says so. False when nothing is being
+    /// read.
     bool stop();
 
     [[nodiscard]] bool reading() const { return next_.isActive(); }
@@ -73,7 +74,7 @@ class AnswerPane : public QWidget {
     std::string heading_;
     std::string searched_;
     std::shared_ptr<AnswerSearch> search_;  ///< null when its reading has ended
-    std::size_t shown_ = 0;                 ///< how many of its answers the list has
+    std::size_t shown_ = 0;                 ///< how many of its answers the list shows
     QElapsedTimer begun_;                   ///< since `follow`
     QTimer next_;                           ///< reads the next piece
 };

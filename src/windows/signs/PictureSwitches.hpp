@@ -18,8 +18,8 @@ class PictureSwitches : public QWidget {
     Q_OBJECT
 
   public:
-    /// `window`, the name of the window that owns the switches, tells its choice from those of others.
-    /// `usual` is what holds before the first choice. `session` must outlive the switches.
+    /// The choice is remembered under `window`, the name of the window that owns the switches.
+    /// `usual` is used before the first choice. `session` must outlive the switches.
     PictureSwitches(Session& session, const QString& window, const PhrasePicture& usual, QWidget* parent);
     ~PictureSwitches() override;
 

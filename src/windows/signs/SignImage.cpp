@@ -64,7 +64,7 @@ QImage anyImageAt(const std::filesystem::path& host)
 
 QImage decodedImage(const Drives& drives, const std::string& systemPath)
 {
-    // A file that somebody else wrote may name a picture on another computer: nothing is asked of that one.
+    // A file from another person may name a picture on another computer: the program does not contact it.
     if (systemPath.starts_with("//") || systemPath.starts_with("\\\\")) {
         return {};
     }

@@ -52,7 +52,7 @@ void pastePhrase(Session& session)
 {
     const QMimeData* const data = QApplication::clipboard()->mimeData();
     const std::string codage = data == nullptr ? std::string() : data->data(kCodageForm).toStdString();
-    // A sign without number is "?" there, as in the text: the text is read, so that the user is told.
+    // "?" stands for a sign without Gardiner number. Then the plain text is pasted, which reports such signs.
     const bool whole = !codage.empty() && codage.find('?') == std::string::npos;
     paste(session, whole ? codage : typed(QApplication::clipboard()->text()));
 }

@@ -8,7 +8,7 @@ namespace karvel {
 namespace {
 
 constexpr int kGap = 3;       // logical pixels between keys
-constexpr int kMoreDown = 8;  // by which the gaps between rows may be larger
+constexpr int kMoreDown = 8;  // the gaps between rows may be larger by so many logical pixels
 constexpr int kSmallestSide = 20;
 constexpr int kUsualSide = 64;
 

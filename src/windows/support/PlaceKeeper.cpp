@@ -18,7 +18,7 @@ namespace {
 constexpr int kFarthest = 100'000;  // logical pixels; no desktop is so large
 constexpr int kSmallest = 80;
 
-/// "x y width height"; nothing when it is no place of a window.
+/// "x y width height"; nothing when the text has another form or cannot be a place.
 std::optional<QRect> placeFrom(const std::string& text)
 {
     const QStringList parts = qtext(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);

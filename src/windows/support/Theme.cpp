@@ -12,7 +12,7 @@ namespace karvel {
 
 namespace {
 
-// Of the wide icons in a menu, logical pixels.
+// Sizes of the wide icons in a menu, in logical pixels.
 constexpr int kIconMargin = 6;
 constexpr int kIconHeight = 28;
 

@@ -171,7 +171,7 @@ void Lettura::buildBottom(QBoxLayout& column)
                    QStringLiteral("toglie l'ultima correzione"));
     undo_->setToolTip(QStringLiteral("Ctrl+Z"));
     auto* const shut = button("Command1", QStringLiteral("&Chiudi"), QStringLiteral("chiude la finestra"));
-    connect(openButton, &QPushButton::clicked, this, &Lettura::open);
+    connect(openButton, &QPushButton::clicked, this, &Lettura::openFile);
     connect(saveButton, &QPushButton::clicked, this, &Lettura::save);
     connect(printButton, &QPushButton::clicked, this,
             [this] { askAndPrintStudy(*this, studyOf(passage_), desktop_); });
@@ -359,7 +359,7 @@ void Lettura::save()
     }
 }
 
-void Lettura::open()
+void Lettura::openFile()
 {
     if (!mayClose()) {
         return;

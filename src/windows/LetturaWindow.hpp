@@ -37,7 +37,7 @@ class Lettura : public QDialog {
     /// False when corrections are not saved and the user, who is asked, wants to keep them.
     [[nodiscard]] bool mayClose();
 
-  public slots:
+    /// Escape: closes the window, unless the user wants to keep corrections that are not saved.
     void reject() override;
 
   private:
@@ -57,7 +57,7 @@ class Lettura : public QDialog {
     void openMenu();
     void typeReading(std::size_t word);
     void save();
-    void open();
+    void openFile();
 
     Desktop& desktop_;
     std::unique_ptr<Reader> reader_;

@@ -52,8 +52,8 @@ class AnswerModel : public QAbstractListModel {
 
   private:
     struct Row {
-        std::size_t line;
-        std::size_t spelling;
+        std::size_t line = 0;
+        std::size_t spelling = 0;
         bool further = false;  ///< below the row of its word
     };
 

@@ -1,6 +1,8 @@
 #include <QColorDialog>
 #include <QFrame>
+#include <array>
 
+#include "base/WindowsHeader.hpp"
 #include "windows/ColourButton.hpp"
 #include "windows/ColourWindow.hpp"
 #include "windows/support/Stage.hpp"
@@ -21,18 +23,48 @@ QList<QColor> seen(Stage& stage)
             at(&stage.form1(), {3, stage.form1().height() / 2})};
 }
 
-/// Presses `button` and answers the colour chooser; an invalid colour cancels it.
+/// Answers the colour chooser; an invalid colour cancels it. False when there is none yet.
+bool answerChooser(const QColor& colour)
+{
+#ifdef Q_OS_WIN
+    // The chooser is the system's own. These are the numbers of its fields on every Windows.
+    constexpr std::array kFields = {706, 707, 708};
+    const HWND chooser = GetLastActivePopup(GetForegroundWindow());
+    if (GetDlgItem(chooser, kFields[0]) == nullptr) {
+        return false;
+    }
+    if (colour.isValid()) {
+        const std::array values = {colour.red(), colour.green(), colour.blue()};
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            SetDlgItemInt(chooser, kFields[i], static_cast<UINT>(values[i]), FALSE);
+        }
+    }
+    return PostMessageW(chooser, WM_COMMAND, colour.isValid() ? IDOK : IDCANCEL, 0) != 0;
+#else
+    auto* const chooser = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+    if (chooser == nullptr) {
+        return false;
+    }
+    if (colour.isValid()) {
+        chooser->setCurrentColor(colour);
+    }
+    QTest::keyClick(chooser, colour.isValid() ? Qt::Key_Return : Qt::Key_Escape);
+    return true;
+#endif
+}
+
+/// Presses `button` and answers the chooser that it opens.
 void choose(const Form5* window, const char* button, const QColor& colour)
 {
-    QTimer::singleShot(0, window, [&colour] {
-        auto* const chooser = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
-        QVERIFY(chooser != nullptr);
-        if (colour.isValid()) {
-            chooser->setCurrentColor(colour);
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        if (answerChooser(colour)) {
+            timer.stop();
         }
-        QTest::keyClick(chooser, colour.isValid() ? Qt::Key_Return : Qt::Key_Escape);
     });
+    timer.start(20);
     click(window, button);
+    QVERIFY(!timer.isActive());
 }
 
 }  // namespace

@@ -95,7 +95,7 @@ bool EntryList::splitOff()
     }
     left_.remove_prefix(word->length);
     found_.push_back(
-        {.entry = std::make_shared<DictionaryEntry>(std::move(word->entry)), .order = found_.size()});
+        {.entry = std::make_shared<DictionaryEntry>(std::move(word->entry)), .word = found_.size()});
     return !left_.empty();
 }
 

@@ -20,10 +20,10 @@ class EntryList : public AnswerSearch {
     /// Asks the dictionary for `phrase`, sign codes, not empty. `files` must outlive the object.
     EntryList(const FileSystem& files, Mode mode, std::string_view phrase);
 
-    /// Best first; in the mode Split in the order of the phrase.
+    /// Best first; in the mode Split in the order of the phrase, in which a word may stand twice.
     [[nodiscard]] Answers answers() const override
     {
-        return mode_ == Mode::Split ? Answers::unfolded(found_) : Answers::of(found_);
+        return Answers(found_, matches_ ? matches_->marks() : SignMarks());
     }
     [[nodiscard]] std::size_t found() const override { return found_.size(); }
 

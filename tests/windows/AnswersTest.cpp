@@ -38,7 +38,7 @@ QStringList rows(AnswerList* list)
 /// A search whose reading never ends.
 class EndlessSearch : public AnswerSearch {
   public:
-    [[nodiscard]] Answers answers() const override { return Answers::of(found_); }
+    [[nodiscard]] Answers answers() const override { return Answers(found_); }
     [[nodiscard]] std::size_t found() const override { return found_.size(); }
     [[nodiscard]] int percent() const override { return 43; }
 
@@ -48,7 +48,7 @@ class EndlessSearch : public AnswerSearch {
         QTest::qSleep(1);
         found_.push_back({.entry = std::make_shared<DictionaryEntry>(
                               DictionaryEntry{"a01", std::to_string(found_.size()), "", ""}),
-                          .order = found_.size()});
+                          .word = found_.size()});
         return true;
     }
 

@@ -1,9 +1,15 @@
+#include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QToolButton>
 
 #include "windows/TrovaParola.hpp"
@@ -12,6 +18,7 @@
 #include "windows/signs/AnswerPane.hpp"
 #include "windows/support/PlaceKeeper.hpp"
 #include "windows/support/Stage.hpp"
+#include "windows/support/Theme.hpp"
 
 using namespace karvel;
 using namespace karvel::testing;
@@ -101,6 +108,67 @@ class AnswersTest : public QObject {
         QVERIFY(stage.noBoxLeft());
     }
 
+    void theListIsSortedSpelledSavedAndUsedWithTheMouse()
+    {
+        Stage stage(dictionary());
+        stage.press("a01");
+        stage.click("Elenco");
+        auto* const window = stage.windows().opened<Voci>();
+        auto* const list = control<AnswerList>(window, "VociLista");
+        control<QComboBox>(window, "order")->setCurrentIndex(1);
+        QCOMPARE(rows(list), (QStringList{"due", "uno"}));
+        stage.click("Elenco");
+        QCOMPARE(rows(list), (QStringList{"due", "uno"}));  // the next list keeps the order
+        const AnswerModel& answers = list->answers();
+        const auto told = [&] { return answers.data(answers.index(1), Qt::DisplayRole).toString(); };
+        QCOMPARE(told(), QStringLiteral("uno, wꜥ, A1, 2 grafie"));
+        control<QCheckBox>(window, "ascii")->click();
+        QCOMPARE(told(), QStringLiteral("uno, wa, A1, 2 grafie"));
+        const QPoint first = list->visualRect(answers.index(0)).center();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, first);
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, first);
+        QCOMPARE(stage.cells(), std::string("a01a02"));
+        QCOMPARE(stage.session().last().phrase, std::string("a01"));
+        const QTemporaryDir directory;
+        for (const auto& [name, start] :
+             {std::pair("voci.html", "<!DOCTYPE"), std::pair("voci.csv", "\xEF\xBB\xBF")}) {
+            control<QPushButton>(window, "save")->click();
+            auto* const dialog = control<QFileDialog>(window, "saveList");
+            const QString path = directory.filePath(QLatin1String(name));
+            emit dialog->fileSelected(path);
+            delete dialog;
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::ReadOnly) && file.readAll().startsWith(start));
+        }
+        control<QLineEdit>(window, "VociFiltro")->setText(QStringLiteral("nulla"));
+        QVERIFY(!control<QPushButton>(window, "use")->isEnabled());
+        QVERIFY(stage.noBoxLeft());
+    }
+
+    void theSignsThatMatchedAreMarked()
+    {
+        Stage stage(record("a01a02a01", "due", "zn"));
+        const auto coloured = [&] {
+            auto* const list = control<AnswerList>(stage.windows().opened<Voci>(), "VociLista");
+            const QImage row = list->viewport()->grab(list->visualRect(list->answers().index(0))).toImage();
+            const QColor mark = between(list->palette().color(QPalette::Highlight), kSelection, 0.4);
+            int stretches = 0;  // of marked columns, parted by others
+            bool before = false;
+            for (int x = 0; x < row.width(); ++x) {
+                bool marked = false;
+                for (int y = 0; y < row.height(); ++y) {
+                    marked = marked || row.pixelColor(x, y) == mark;
+                }
+                stretches += marked && !before ? 1 : 0;
+                before = marked;
+            }
+            return stretches;
+        };
+        stage.press("a01");
+        stage.click("Elenco");
+        QCOMPARE(coloured(), 2);
+    }
+
     void anEntryThatLooksLikeMarkupLoadsNothing()
     {
         Stage stage(record("a01", "<img src='//altrove/foto.png'>", "wa"));
@@ -188,6 +256,10 @@ class AnswersTest : public QObject {
         field->setText(QStringLiteral("uno"));
         QTest::keyClick(field, Qt::Key_Return, Qt::ControlModifier);
         QCOMPARE(stage.phrase(), std::string("a01"));
+        window->hide();
+        const std::vector<History::Search>& searches = stage.session().history().searches();
+        QVERIFY(!searches.empty() && searches.back().text == "uno");
+        window->show();
         understood->menu()->actions()[2]->trigger();
         QVERIFY(rows(list).isEmpty());  // as a transliteration it is nothing
         QVERIFY(stage.noBoxLeft());

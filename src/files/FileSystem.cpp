@@ -52,16 +52,22 @@ void rewriteInPlace(const fs::path& path, std::string_view bytes)
     }
 }
 
-/// The bytes from `offset` to the end of the file when all are blanks and line ends, else nothing.
-std::string blanksFrom(HostFile& file, std::uint64_t offset)
+/// The bytes from `offset` to the end of the file when all are blanks and line ends, else nothing. Throws
+/// RuntimeError 6 when there are too many to be kept.
+std::string blanksFrom(const HostFile& file, std::uint64_t offset)
 {
+    constexpr std::size_t kMost = std::size_t{1} << 24;
     std::string blanks;
-    for (std::uint64_t at = offset; at < file.size(); ++at) {
-        const char byte = file.byteAt(at);
-        if (byte != ' ' && byte != '\r' && byte != '\n') {
+    char chunk[16384];
+    while (const std::size_t count = file.readAt(offset + blanks.size(), chunk)) {
+        const std::string_view bytes(chunk, count);
+        if (bytes.find_first_not_of(" \r\n") != std::string_view::npos) {
             return {};
         }
-        blanks.push_back(byte);
+        if (blanks.size() >= kMost) {
+            throw RuntimeError(ErrorNumber::Overflow);
+        }
+        blanks += bytes;
     }
     return blanks;
 }

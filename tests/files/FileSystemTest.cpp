@@ -92,6 +92,9 @@ TEST_F(FileSystemTest, AppendsWholeLines)
         files.append(kFile, "nuova\r\n");
         EXPECT_EQ(drive.read(kFile), after);
     }
+    drive.write(kFile,
+                "a\r\n" + std::string(std::size_t{17} << 20, '\n'));  // too many to put back on failure
+    EXPECT_EQ(errorOf([&] { files.append(kFile, "nuova\r\n", 3); }), 6);
     files.append("C:\\programmi\\Karvel\\altro.txt", "x\r\n");
     EXPECT_EQ(drive.read("C:\\programmi\\Karvel\\altro.txt"), "x\r\n");
 }

@@ -21,8 +21,15 @@ class LineCounter : public ByteSource {
   public:
     explicit LineCounter(ByteSource& source) : source_(source) {}
 
+    /// `reader` reads from this source. The lines behind which it is are counted as it reads on, so that a
+    /// file of line ends alone takes no memory.
+    void follow(const FieldReader& reader) { reader_ = &reader; }
+
     std::size_t read(std::span<char> buffer) override
     {
+        if (reader_ != nullptr) {
+            (void)lineAt(reader_->position());
+        }
         const std::size_t count = source_.read(buffer);
         for (std::size_t i = 0; i < count; ++i) {
             note(buffer[i], seen_ + i);
@@ -61,6 +68,7 @@ class LineCounter : public ByteSource {
     }
 
     ByteSource& source_;
+    const FieldReader* reader_ = nullptr;
     std::vector<std::uint64_t> starts_;  ///< where lines begin that lineAt has not passed yet
     std::size_t first_ = 0;
     std::uint64_t seen_ = 0;
@@ -123,6 +131,7 @@ Verification verify(ByteSource& dictionary)
     Verification result;
     LineCounter lines(dictionary);
     FieldReader reader(lines);
+    lines.follow(reader);
     Seen seen;
     std::uint64_t begin = 1;
     // A field whose quote is not closed ends at the next quote, and all later fields are shifted. Then the

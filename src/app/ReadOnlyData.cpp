@@ -23,8 +23,8 @@ void keepInMemoryWhatCannotBeWritten(const FileSystem& files, UserInterface& ui)
     ui.ask({.title = "Attenzione",
             .text = "La directory dei dati C:\\programmi\\Karvel non si può scrivere.\n\n"
                     "Si può comporre e cercare come sempre, ma alla chiusura del programma non resteranno: "
-                    "lo stato per Undo, il modo di ricerca, i colori, la directory dei geroglifici e "
-                    "la cronologia.",
+                    "lo stato per Undo, il modo di ricerca, i colori, la directory dei geroglifici, "
+                    "la cronologia e le scelte delle finestre.",
             .icon = Icon::Exclamation});
 }
 

@@ -78,7 +78,7 @@ int runApplication(int argc, char** argv)
 {
 #ifdef Q_OS_WIN
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "windows:darkmode=2");  // boxes, guide and title bars follow a dark theme
+        qputenv("QT_QPA_PLATFORM", "windows:darkmode=2");  // palette and title bars follow a dark theme
     }
 #endif
 #ifdef __GLIBC__

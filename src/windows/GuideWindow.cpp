@@ -18,6 +18,7 @@
 #include "windows/support/Desktop.hpp"
 #include "windows/support/Resources.hpp"
 #include "windows/support/Theme.hpp"
+#include "windows/support/WindowColours.hpp"
 
 namespace karvel {
 
@@ -79,7 +80,7 @@ Guide::Guide(Desktop& desktop, QWidget* parent) : QDialog(parent)
         page->document()->setMarkdown(QString::fromUtf8(file.readAll()));
     }
     layOut(*page->document(), 620,
-           paletteFor(colour(desktop.session().colours().window)).color(QPalette::Link));
+           paletteFor(windowColour(desktop.session().colours())).color(QPalette::Link));
     page->moveCursor(QTextCursor::Start);
 
     auto* const chapters = new QListWidget(this);

@@ -148,7 +148,7 @@ TEST_F(SessionTest, WhatCannotBeWrittenIsToldOnceAndKeptInMemory)
                .text = "La directory dei dati C:\\programmi\\Karvel non si può scrivere.\n\n"
                        "Si può comporre e cercare come sempre, ma alla chiusura del programma non "
                        "resteranno: lo stato per Undo, il modo di ricerca, i colori, la directory dei "
-                       "geroglifici e la cronologia.",
+                       "geroglifici, la cronologia e le scelte delle finestre.",
                .icon = Icon::Exclamation});
     keepInMemoryWhatCannotBeWritten(session.files(), ui);
     session.palette().press(0);

@@ -140,7 +140,7 @@ class Form1Test : public QObject {
         QVERIFY(!picture->isVisible());
     }
 
-    void strongContrastOfTheSystemGoesBeforeTheUsersColours()
+    void everyWindowFollowsTheChosenColourAndTheThemeOfTheSystem()
     {
         Stage stage;
         stage.choose("guida");
@@ -153,11 +153,13 @@ class Form1Test : public QObject {
         };
         const auto chosen = surfaces();
         QVERIFY(std::get<1>(chosen));
-        applyWindowColour(stage.drive().files(), stage.session().colours(), Colour::rgb(250, 240, 200));
-        emit stage.desktop().changed();
+        const auto choose = [&stage](Colour colour) {
+            applyWindowColour(stage.drive().files(), stage.session().colours(), colour);
+            emit stage.desktop().changed();
+        };
+        choose(Colour::rgb(250, 240, 200));
         QCOMPARE(surfaces(), std::tuple(QColor(250, 240, 200), true, std::get<2>(chosen)));
-        applyWindowColour(stage.drive().files(), stage.session().colours(), Colours::kWindowDefault);
-        emit stage.desktop().changed();
+        choose(Colours::kWindowDefault);
         const QPalette before = QApplication::palette();
         // The toolkit tells the windows of a new theme only while its own loop runs.
         const auto takeTheme = [&stage](const QPalette& theme) {
@@ -171,6 +173,11 @@ class Form1Test : public QObject {
         whiteOnBlack.setColor(QPalette::WindowText, Qt::white);
         takeTheme(whiteOnBlack);
         QCOMPARE(surfaces(), std::tuple(QColor(Qt::black), true, QColor(Qt::black)));
+        takeTheme(QPalette(QColor(60, 60, 60), QColor(30, 30, 30)));
+        QCOMPARE(surfaces(), std::tuple(QColor(48, 48, 48), true, std::get<2>(chosen)));
+        choose(Colour::rgb(250, 240, 200));
+        QCOMPARE(surfaces(), std::tuple(QColor(250, 240, 200), true, std::get<2>(chosen)));
+        choose(Colours::kWindowDefault);
         takeTheme(before);
         QCOMPARE(surfaces(), chosen);
     }

@@ -131,7 +131,7 @@ void Form1::showProgress(int percent)
 
 void Form1::showColours()
 {
-    const QColor window = colour(desktop_.session().colours().window);
+    const QColor window = windowColour(desktop_.session().colours());
     const QColor display = colour(desktop_.session().colours().display);
     if (shownWindow_ == window.rgba() && shownDisplay_ == display.rgba()) {
         return;

@@ -8,6 +8,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSaveFile>
+#include <QStandardPaths>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -202,6 +203,7 @@ void AnswerPane::save()
     dialog->setObjectName(QStringLiteral("saveList"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog->setNameFilters({QStringLiteral("Pagina HTML (*.html)"), QStringLiteral("Tabella CSV (*.csv)")});
     dialog->setDefaultSuffix(QStringLiteral("html"));
     connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {

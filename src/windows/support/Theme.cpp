@@ -41,9 +41,11 @@ bool isBlackAndWhite(const QPalette& palette)
 
 void frame(QPainter& painter, const QStyleOption& option)
 {
+    constexpr qreal kGrey = 0.4;
     painter.save();
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(option.palette.color(QPalette::WindowText));
+    painter.setPen(between(option.palette.color(QPalette::Window), option.palette.color(QPalette::WindowText),
+                           strongContrast() ? 1.0 : kGrey));
     painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
     painter.restore();
 }
@@ -77,7 +79,6 @@ void adoptContrastTheme()
     QPalette palette(ink, paper, ink, ink, faint, ink, ink, paper, paper);
     palette.setColor(QPalette::Highlight, ink);
     palette.setColor(QPalette::HighlightedText, paper);
-    palette.setColor(QPalette::PlaceholderText, faint);
     palette.setColor(QPalette::Link, ink);
     palette.setColor(QPalette::ToolTipBase, paper);
     palette.setColor(QPalette::ToolTipText, ink);
@@ -113,6 +114,11 @@ QColor inkOn(const QColor& background)
     return Colour::rgb(background.red(), background.green(), background.blue()).wantsDarkText()
                ? QColor(0, 0, 0)
                : QColor(255, 255, 255);
+}
+
+bool isDark(const QPalette& palette)
+{
+    return inkOn(palette.color(QPalette::Window)) == Qt::white;
 }
 
 QColor between(const QColor& from, const QColor& to, qreal share)
@@ -177,7 +183,7 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
-/// The base style derives its frames from the surface colour; on black they are invisible.
+/// The base style's frames are darker than the surface: on a dark surface they are invisible.
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const
 {
@@ -185,13 +191,18 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     switch (element) {
         case PE_PanelButtonCommand:
         case PE_PanelButtonTool:
+            if (strongContrast()) {
+                frame(*painter, *option);
+            }
+            break;
         case PE_FrameLineEdit:
         case PE_Frame:
         case PE_FrameGroupBox:
         case PE_IndicatorCheckBox:
         case PE_FrameMenu:
         case PE_PanelMenu:
-            if (strongContrast()) {
+            // The base style's frame of the field that has the focus is coloured.
+            if (strongContrast() || (isDark(option->palette) && !option->state.testFlag(State_HasFocus))) {
                 frame(*painter, *option);
             }
             break;
@@ -215,8 +226,12 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
 
 QPalette paletteFor(const QColor& window)
 {
+    constexpr qreal kPlaceholder = 0.7;
     if (strongContrast()) {
-        return QApplication::palette();
+        QPalette system = QApplication::palette();
+        system.setColor(QPalette::PlaceholderText,
+                        between(system.color(QPalette::Base), system.color(QPalette::Text), kPlaceholder));
+        return system;
     }
     const QColor ink = inkOn(window);
     const bool dark = ink == QColor(255, 255, 255);
@@ -232,7 +247,7 @@ QPalette paletteFor(const QColor& window)
         palette.setColor(group, QPalette::ButtonText, between(button, inkOn(button), strength));
         palette.setColor(group, QPalette::Base, base);
         palette.setColor(group, QPalette::Text, between(base, inkOn(base), strength));
-        palette.setColor(group, QPalette::PlaceholderText, between(base, inkOn(base), 0.7));
+        palette.setColor(group, QPalette::PlaceholderText, between(base, inkOn(base), kPlaceholder));
         palette.setColor(group, QPalette::Link,
                          dark ? between(kAccent, QColor(255, 255, 255), 0.6) : kAccent);
         palette.setColor(group, QPalette::Highlight, kAccent);

@@ -17,6 +17,9 @@ namespace karvel {
 /// Black or white, whichever reads better on `background`.
 [[nodiscard]] QColor inkOn(const QColor& background);
 
+/// Whether the windows of a palette are dark.
+[[nodiscard]] bool isDark(const QPalette& palette);
+
 /// A colour between `from` and `to`: 0 gives `from`, 1 gives `to`.
 [[nodiscard]] QColor between(const QColor& from, const QColor& to, qreal share);
 

@@ -19,6 +19,14 @@ bool isColoured(const QWidget& widget)
 
 }  // namespace
 
+QColor windowColour(const Colours& chosen)
+{
+    const QColor darkGrey(48, 48, 48);
+    // The toolkit takes the system's theme over into the palette of the application.
+    const bool systemIsDark = isDark(QApplication::palette());
+    return chosen.window == Colours::kWindowDefault && systemIsDark ? darkGrey : colour(chosen.window);
+}
+
 WindowColours::WindowColours(Desktop& desktop) : desktop_(desktop)
 {
     qApp->installEventFilter(this);
@@ -27,13 +35,13 @@ WindowColours::WindowColours(Desktop& desktop) : desktop_(desktop)
 
 void WindowColours::applyTo(QWidget& window) const
 {
-    window.setPalette(paletteFor(colour(desktop_.session().colours().window)));
+    window.setPalette(paletteFor(windowColour(desktop_.session().colours())));
 }
 
 /// The user has chosen another colour: the open windows change too.
 void WindowColours::follow()
 {
-    const QColor now = colour(desktop_.session().colours().window);
+    const QColor now = windowColour(desktop_.session().colours());
     if (now == shown_) {
         return;
     }

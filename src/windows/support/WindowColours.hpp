@@ -8,6 +8,11 @@ class QWidget;
 namespace karvel {
 
 class Desktop;
+struct Colours;
+
+/// The background of every window: the colour that the user chose. On a dark system the default grey becomes
+/// a dark grey.
+[[nodiscard]] QColor windowColour(const Colours& chosen);
 
 /// Gives the window colour of the user to every window, dialog and menu, so that none differs from the
 /// others, whatever the desktop's own theme is. With high contrast all of them keep the system's colours.

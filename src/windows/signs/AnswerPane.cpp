@@ -14,6 +14,7 @@
 #include "app/EntryList.hpp"
 #include "windows/signs/AnswerList.hpp"
 #include "windows/support/Desktop.hpp"
+#include "windows/support/FileDialogs.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
@@ -204,6 +205,8 @@ void AnswerPane::save()
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters({QStringLiteral("Pagina HTML (*.html)"), QStringLiteral("Tabella CSV (*.csv)")});
     dialog->setDefaultSuffix(QStringLiteral("html"));
+    openWhereUsedLast(*dialog, QStringLiteral("&Salva"), desktop_.session());
+    dialog->selectFile(QStringLiteral("elenco"));
     connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
         dialog->setDefaultSuffix(filter.contains(QStringLiteral("csv")) ? QStringLiteral("csv")
                                                                         : QStringLiteral("html"));

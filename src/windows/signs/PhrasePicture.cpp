@@ -122,11 +122,12 @@ QImage imageOf(const PhrasePicture& picture, Desktop& desktop)
     return image;
 }
 
-QByteArray svgOf(const PhrasePicture& picture, Desktop& desktop)
+QByteArray svgOf(const PhrasePicture& picture, Desktop& desktop, SharedOutlines* shared)
 {
     LayoutPainter& layouts = LayoutPainter::of(desktop);
     return QByteArray::fromStdString(svgOf(*layouts.placementOf(picture.codes, picture.look),
-                                           picture.blockHeight, titleOf(picture, layouts), layouts.drawings())
+                                           picture.blockHeight, titleOf(picture, layouts), layouts.drawings(),
+                                           shared)
                                          .text);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -71,11 +72,17 @@ bool useSigns(Session& session, std::string_view codes);
 /// usual in Italy.
 [[nodiscard]] std::string asCsv(const Answers& answers);
 
-/// All spellings as a page with the signs in Unicode.
-[[nodiscard]] std::string asHtml(const Answers& answers, std::string_view heading);
+/// The signs of an entry, sign codes, as HTML.
+using SignsInHtml = std::function<std::string(const std::string& codes)>;
+
+/// All spellings as a page. `signs` writes the signs of each; without it they are written in Unicode.
+/// `atEnd` gives what stands once at the end of the page; it is asked after all of them.
+[[nodiscard]] std::string asHtml(const Answers& answers, std::string_view heading,
+                                 const SignsInHtml& signs = {},
+                                 const std::function<std::string()>& atEnd = {});
 
 /// One entry as the row of a table in HTML, and as plain text separated by tabs.
-[[nodiscard]] std::string htmlRow(const DictionaryEntry& entry);
+[[nodiscard]] std::string htmlRow(const DictionaryEntry& entry, const SignsInHtml& signs = {});
 [[nodiscard]] std::string plainRow(const DictionaryEntry& entry);
 
 }  // namespace karvel

@@ -100,6 +100,8 @@ class AnswersTest : public QObject {
         }
         control<QLineEdit>(window, "VociFiltro")->setText(QStringLiteral("A3"));
         QCOMPARE(list->current()->signs, std::string("a01a03"));  // the spelling that was asked for
+        QCOMPARE(control<QLabel>(window, "VociTitolo")->text(),
+                 QStringLiteral("A1 · Cerca simile · 2 parole, 3 voci · con il filtro: 1"));
         QTest::keyClick(list, Qt::Key_Right);
         QCOMPARE(list->answers().answer(1)->entry->signs, std::string("a01"));
         stage.choose("traduci");

@@ -42,10 +42,17 @@ QStringList rows(AnswerList* list)
     return all;
 }
 
-/// A search whose reading never ends.
+/// A search whose reading never ends. It reads its entries again each time, as that of a large file may.
 class EndlessSearch : public AnswerSearch {
   public:
-    [[nodiscard]] Answers answers() const override { return Answers(found_); }
+    [[nodiscard]] Answers answers() const override
+    {
+        std::vector<Answer> again = found_;
+        for (Answer& answer : again) {
+            answer.entry = std::make_shared<DictionaryEntry>(*answer.entry);
+        }
+        return Answers(std::move(again));
+    }
     [[nodiscard]] std::size_t found() const override { return found_.size(); }
     [[nodiscard]] int percent() const override { return 43; }
 
@@ -196,6 +203,11 @@ class AnswersTest : public QObject {
         const int first = list->answers().rowCount();
         QTRY_VERIFY(list->answers().rowCount() > first);
         QCOMPARE(list->currentIndex().row(), 1);  // the user's row stays
+        QTest::keyClick(list, Qt::Key_Home);
+        list->scrollTo(list->answers().index(8), QAbstractItemView::PositionAtTop);
+        const int more = list->answers().rowCount();
+        QTRY_VERIFY(list->answers().rowCount() > more);
+        QCOMPARE(list->indexAt({1, 1}).row(), 8);  // and so does the place to which the list was scrolled
         QTRY_VERIFY(progress->isVisible());
         QCOMPARE(progress->value(), 43);
         QTest::keyClick(list, Qt::Key_Escape);

@@ -88,10 +88,10 @@ const Answer* AnswerModel::answer(int row) const
     return &answers_.all()[answers_.word(at(row).line).spellings[at(row).spelling]];
 }
 
-int AnswerModel::rowOf(const DictionaryEntry* entry) const
+int AnswerModel::rowOf(const DictionaryEntry& entry) const
 {
     const auto found = std::ranges::find_if(rows_, [&](const Row& row) {
-        return answers_.all()[answers_.word(row.line).spellings[row.spelling]].entry.get() == entry;
+        return *answers_.all()[answers_.word(row.line).spellings[row.spelling]].entry == entry;
     });
     return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
 }

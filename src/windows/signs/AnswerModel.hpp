@@ -34,8 +34,8 @@ class AnswerModel : public QAbstractListModel {
     [[nodiscard]] const Answer* answer(int row) const;
     [[nodiscard]] const std::string& rest() const { return rest_; }
 
-    /// The row that shows `entry`; -1 when there is none.
-    [[nodiscard]] int rowOf(const DictionaryEntry* entry) const;
+    /// The first row that shows an entry with these fields; -1 when there is none.
+    [[nodiscard]] int rowOf(const DictionaryEntry& entry) const;
 
     /// How many spellings lie closed under a row; 0 where there is nothing to open.
     [[nodiscard]] std::size_t furtherSpellings(int row) const;

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QSaveFile>
 #include <QVBoxLayout>
+#include <optional>
 #include <utility>
 
 #include "app/EntryList.hpp"
@@ -151,22 +152,29 @@ bool AnswerPane::stop()
     return true;
 }
 
-/// A row that the user has moved to stays the current one.
+/// A row that the user has moved to stays the current one, and a list that the user has scrolled stays there.
 void AnswerPane::showFound()
 {
-    const bool moved = list_->currentIndex().row() > 0;
-    const DictionaryEntry* const current = list_->current();
+    std::optional<DictionaryEntry> current;  // a copy: the search may have read the entry again
+    if (const DictionaryEntry* const entry = list_->current();
+        entry != nullptr && list_->currentIndex().row() > 0) {
+        current = *entry;
+    }
+    const int top = shown_ > 0 ? list_->indexAt({1, 1}).row() : 0;
     shown_ = search_->found();
     Answers answers = search_->answers();
     if (order_->currentIndex() != 0) {
         answers.sort(Answers::Order::FileOrder);
     }
     list_->answers().setAnswers(std::move(answers), search_->rest());
-    const int row = moved ? list_->answers().rowOf(current) : -1;
+    const int row = current ? list_->answers().rowOf(*current) : -1;
     if (row > 0) {
         list_->setCurrentIndex(list_->answers().index(row));
     } else {
         list_->toStart();
+        if (top > 0) {
+            list_->scrollTo(list_->answers().index(top), QAbstractItemView::PositionAtTop);
+        }
     }
     emit shown();
 }

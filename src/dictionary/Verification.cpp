@@ -60,7 +60,9 @@ class LineCounter : public ByteSource {
     void note(char byte, std::uint64_t position)
     {
         if (byte == '\n' && afterCr_) {
-            starts_.back() = position + 1;  // CR LF is one line end
+            if (!starts_.empty()) {  // else the line was counted at the CR, where the last chunk ended
+                starts_.back() = position + 1;  // CR LF is one line end
+            }
         } else if (byte == '\n' || byte == '\r') {
             starts_.push_back(position + 1);
         }

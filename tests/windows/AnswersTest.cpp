@@ -83,8 +83,9 @@ class AnswersTest : public QObject {
         stage.click("Elenco");
         auto* const window = stage.windows().opened<Voci>();
         QVERIFY(window != nullptr && !window->isModal());
-        QCOMPARE(control<QLabel>(window, "VociTitolo")->text(),
-                 QStringLiteral("A1 · Cerca simile · 2 parole, 3 voci"));
+        // On a slow machine the reading takes more than one piece.
+        QTRY_COMPARE(control<QLabel>(window, "VociTitolo")->text(),
+                     QStringLiteral("A1 · Cerca simile · 2 parole, 3 voci"));
         auto* const list = control<AnswerList>(window, "VociLista");
         QCOMPARE(rows(list), (QStringList{"uno", "due"}));
         QVERIFY(stage.session().last().translation.empty());

@@ -1,5 +1,6 @@
 #include "app/EditionOffer.hpp"
 
+#include <cstdint>
 #include <cstdio>
 
 #include "dictionary/DictionaryEntry.hpp"

@@ -14,6 +14,12 @@ namespace karvel {
 
 namespace {
 
+constexpr std::string_view kPageStyle =
+    "body { font-family: sans-serif; margin: 2em } h1 { font-size: 130% }"
+    " table { border-collapse: collapse } th { text-align: left; border-bottom: 2px solid #888 }"
+    " th, td { padding: 0.3em 1.2em 0.3em 0 } td { border-bottom: 1px solid #ddd }"
+    " td:first-child { font-size: 170% } svg { display: block }";
+
 std::string csvField(std::string_view field)
 {
     std::string text = "\"";
@@ -95,7 +101,7 @@ bool EntryList::splitOff()
     }
     left_.remove_prefix(word->length);
     found_.push_back(
-        {.entry = std::make_shared<DictionaryEntry>(std::move(word->entry)), .order = found_.size()});
+        {.entry = std::make_shared<DictionaryEntry>(std::move(word->entry)), .word = found_.size()});
     return !left_.empty();
 }
 
@@ -168,12 +174,12 @@ std::string asCsv(const Answers& answers)
     return text;
 }
 
-std::string htmlRow(const DictionaryEntry& entry)
+std::string htmlRow(const DictionaryEntry& entry, const SignsInHtml& signs)
 {
-    return "<tr><td title=\"" + escaped(gardinerOf(entry.signs)) + "\">" + unicodeOf(entry.signs) +
-           "</td><td>" + escaped(entry.translation) + "</td><td><i>" +
-           escaped(printedTransliteration(entry.transliteration)) + "</i></td><td>" + escaped(entry.note) +
-           "</td></tr>\n";
+    return "<tr><td title=\"" + escaped(gardinerOf(entry.signs)) + "\">" +
+           (signs ? signs(entry.signs) : unicodeOf(entry.signs)) + "</td><td>" + escaped(entry.translation) +
+           "</td><td><i>" + escaped(printedTransliteration(entry.transliteration)) + "</i></td><td>" +
+           escaped(entry.note) + "</td></tr>\n";
 }
 
 std::string plainRow(const DictionaryEntry& entry)
@@ -182,17 +188,16 @@ std::string plainRow(const DictionaryEntry& entry)
            entry.translation;
 }
 
-std::string asHtml(const Answers& answers, std::string_view heading)
+std::string asHtml(const Answers& answers, std::string_view heading, const SignsInHtml& signs,
+                   const std::function<std::string()>& atEnd)
 {
     std::string text = "<!DOCTYPE html>\n<html lang=\"it\"><head><meta charset=\"utf-8\"><title>" +
-                       escaped(heading) +
-                       "</title>\n<style>td { padding: 0.2em 0.8em; vertical-align: top }"
-                       " td:first-child { font-size: 150% }</style></head>\n<body><h1>" +
-                       escaped(heading) +
+                       escaped(heading) + "</title>\n<style>" + std::string(kPageStyle) +
+                       "</style></head>\n<body><h1>" + escaped(heading) +
                        "</h1>\n<table><tr><th>Segni</th><th>Traduzione</th><th>Traslitterazione</th>"
                        "<th>Nota</th></tr>\n";
-    forEach(answers, [&](const DictionaryEntry& entry) { text += htmlRow(entry); });
-    return text + "</table></body></html>\n";
+    forEach(answers, [&](const DictionaryEntry& entry) { text += htmlRow(entry, signs); });
+    return text + "</table>\n" + (atEnd ? atEnd() : std::string()) + "</body></html>\n";
 }
 
 }  // namespace karvel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -20,10 +21,10 @@ class EntryList : public AnswerSearch {
     /// Asks the dictionary for `phrase`, sign codes, not empty. `files` must outlive the object.
     EntryList(const FileSystem& files, Mode mode, std::string_view phrase);
 
-    /// Best first; in the mode Split in the order of the phrase.
+    /// Best first; in the mode Split in the order of the phrase, in which a word may stand twice.
     [[nodiscard]] Answers answers() const override
     {
-        return mode_ == Mode::Split ? Answers::unfolded(found_) : Answers::of(found_);
+        return Answers(found_, matches_ ? matches_->marks() : SignMarks());
     }
     [[nodiscard]] std::size_t found() const override { return found_.size(); }
 
@@ -71,11 +72,17 @@ bool useSigns(Session& session, std::string_view codes);
 /// usual in Italy.
 [[nodiscard]] std::string asCsv(const Answers& answers);
 
-/// All spellings as a page with the signs in Unicode.
-[[nodiscard]] std::string asHtml(const Answers& answers, std::string_view heading);
+/// The signs of an entry, sign codes, as HTML.
+using SignsInHtml = std::function<std::string(const std::string& codes)>;
+
+/// All spellings as a page. `signs` writes the signs of each; without it they are written in Unicode.
+/// `atEnd` gives what stands once at the end of the page; it is asked after all of them.
+[[nodiscard]] std::string asHtml(const Answers& answers, std::string_view heading,
+                                 const SignsInHtml& signs = {},
+                                 const std::function<std::string()>& atEnd = {});
 
 /// One entry as the row of a table in HTML, and as plain text separated by tabs.
-[[nodiscard]] std::string htmlRow(const DictionaryEntry& entry);
+[[nodiscard]] std::string htmlRow(const DictionaryEntry& entry, const SignsInHtml& signs = {});
 [[nodiscard]] std::string plainRow(const DictionaryEntry& entry);
 
 }  // namespace karvel

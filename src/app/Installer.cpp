@@ -41,7 +41,8 @@ void copyWhole(const fs::path& from, const fs::path& to)
 {
     const fs::path beside = besidePath(to);
     std::error_code error;
-    fs::copy_file(from, beside, fs::copy_options::overwrite_existing, error);
+    fs::remove(beside, error);  // a link of that name would be written through
+    fs::copy_file(from, beside, error);
     if (!error) {
         // A tree installed for everyone is read-only; the user's own copy is not.
         fs::permissions(beside, fs::perms::owner_write, fs::perm_options::add, error);

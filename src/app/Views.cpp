@@ -1,6 +1,7 @@
 #include "app/Views.hpp"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <limits>
 

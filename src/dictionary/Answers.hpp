@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -28,45 +29,19 @@ struct Rank {
 struct Answer {
     std::shared_ptr<const DictionaryEntry> entry;
     Rank rank = {};
-    std::size_t order = 0;       ///< its number in the file, from 0
-    std::size_t markedFrom = 0;  ///< the signs that matched: a range of the entry's signs, in signs
-    std::size_t marked = 0;
+    std::size_t word = 0;  ///< equal in the spellings of one word
 };
 
-/// The answers to a question, folded by word: entries with the same transliteration and translation are
-/// spellings of one word.
-class Answers {
+/// Numbers words in the order in which they are met, from 0. Entries with the same transliteration and
+/// translation are spellings of one word.
+class WordNumbers {
   public:
-    enum class Order { BestFirst, FileOrder };
-
-    struct Word {
-        std::vector<std::size_t> spellings;  ///< indices into `all`, in the order of the list; never empty
-    };
-
-    void add(Answer answer);
-
-    /// All of `found`, sorted best first.
-    [[nodiscard]] static Answers of(const std::vector<Answer>& found);
-
-    /// All of `found` in its order, each as a word of its own: a text may have a word twice.
-    [[nodiscard]] static Answers unfolded(const std::vector<Answer>& found);
-
-    /// Puts words, and the spellings of each, in `order`; within equal ranks that of the file. Words added
-    /// later stand at the end until the next call.
-    void sort(Order order);
-
-    [[nodiscard]] bool empty() const { return all_.empty(); }
-    [[nodiscard]] const std::vector<Answer>& all() const { return all_; }
-    [[nodiscard]] std::size_t words() const { return words_.size(); }
-
-    /// The word on line `line` of the list, from 0.
-    [[nodiscard]] const Word& word(std::size_t line) const { return words_[lines_[line]]; }
-
-    /// The answer that stands for a word in the list.
-    [[nodiscard]] const Answer& best(const Word& word) const { return all_[word.spellings.front()]; }
-
-    /// "144 parole, 271 voci", in the singular where there is one.
-    [[nodiscard]] std::string counts() const;
+    /// The number of the word of `entry`, which must outlive the object.
+    [[nodiscard]] std::size_t of(const DictionaryEntry& entry)
+    {
+        return numbers_.try_emplace(Key{entry.transliteration, entry.translation}, numbers_.size())
+            .first->second;
+    }
 
   private:
     struct Key {
@@ -82,15 +57,52 @@ class Answers {
         }
     };
 
-    std::vector<Answer> all_;
-    std::vector<Word> words_;
-    std::vector<std::size_t> lines_;                     ///< indices into words_, in the order of the list
-    std::unordered_map<Key, std::size_t, Hash> byWord_;  ///< views into the entries of all_
+    std::unordered_map<Key, std::size_t, Hash> numbers_;
 };
 
-/// Whether `phrase`, sign codes, stands in `signs`; its rank and range are then put into `answer`: equal
-/// signs rank before those that begin with it, and these before the rest.
-[[nodiscard]] bool markMatch(std::string_view signs, std::string_view phrase, Answer& answer);
+/// The answers to a question, folded by word.
+class Answers {
+  public:
+    enum class Order { BestFirst, FileOrder };
+
+    struct Word {
+        std::vector<std::size_t> spellings;  ///< indices into `all`, in the order of the list; never empty
+    };
+
+    Answers() = default;
+
+    /// All of `found`, which is in the order of the file, sorted best first. `marks` are the signs that the
+    /// question asked for.
+    explicit Answers(std::vector<Answer> found, SignMarks marks = {});
+
+    /// Puts words, and the spellings of each, in `order`; within equal ranks that of the file.
+    void sort(Order order);
+
+    [[nodiscard]] bool empty() const { return all_.empty(); }
+    [[nodiscard]] const std::vector<Answer>& all() const { return all_; }
+    [[nodiscard]] std::size_t words() const { return words_.size(); }
+
+    /// The word on line `line` of the list, from 0.
+    [[nodiscard]] const Word& word(std::size_t line) const { return words_[line]; }
+
+    /// The answer that stands for a word in the list.
+    [[nodiscard]] const Answer& best(const Word& word) const { return all_[word.spellings.front()]; }
+
+    /// The signs to be marked in the answers.
+    [[nodiscard]] const SignMarks& marks() const { return marks_; }
+
+    /// "144 parole, 271 voci", in the singular where there is one.
+    [[nodiscard]] std::string counts() const;
+
+  private:
+    std::vector<Answer> all_;
+    std::vector<Word> words_;  ///< by line
+    SignMarks marks_;
+};
+
+/// How `phrase`, sign codes, stands in `signs`, if it does: equal signs rank before those that begin with it,
+/// and these before the rest.
+[[nodiscard]] std::optional<Rank> signRank(std::string_view signs, std::string_view phrase);
 
 /// Finds the records whose signs satisfy a phrase in a search mode, any but Split.
 class PhraseMatches {
@@ -98,16 +110,18 @@ class PhraseMatches {
     /// `phrase` holds sign codes. `reader`, still at its start, must outlive the object.
     PhraseMatches(RecordReader& reader, Mode mode, std::string_view phrase);
 
-    /// Reads a record, adds it to `found` when it matches, ranked as `markMatch` does. False at the end of
+    /// Reads a record, adds it to `found` when it matches, ranked as `signRank` does. False at the end of
     /// the file. Throws like RecordReader::next.
     bool step(std::vector<Answer>& found);
 
+    /// The signs that make entries match.
+    [[nodiscard]] SignMarks marks() const { return rule_.marks(); }
+
   private:
     RecordReader& reader_;
-    Mode mode_;
     std::string phrase_;
     MatchRule rule_;
-    std::size_t matches_ = 0;
+    WordNumbers words_;
 };
 
 }  // namespace karvel

@@ -1,8 +1,30 @@
 #include "dictionary/Lookup.hpp"
 
+#include <algorithm>
 #include <cstring>
 
 namespace karvel {
+
+std::vector<bool> SignMarks::of(std::string_view signs) const
+{
+    std::vector<bool> marked(signs.size() / kCodeLength);
+    const auto mark = [&](std::size_t at, std::size_t length) {
+        std::fill_n(marked.begin() + static_cast<std::ptrdiff_t>(at / kCodeLength), length / kCodeLength,
+                    true);
+    };
+    if (signs.starts_with(beginning)) {
+        mark(0, beginning.size());
+    }
+    if (signs.ends_with(end)) {
+        mark(signs.size() - end.size(), end.size());
+    }
+    for (const std::string& part : anywhere) {
+        for (std::size_t at = 0; (at = signs.find(part, at)) != std::string_view::npos; at += kCodeLength) {
+            mark(at, part.size());
+        }
+    }
+    return marked;
+}
 
 MatchRule::MatchRule(Mode mode, std::string_view phrase) : first_(phrase)
 {
@@ -43,6 +65,14 @@ MatchRule::MatchRule(Mode mode, std::string_view phrase) : first_(phrase)
     } else {
         textInMatches_ = second_ + quote;
     }
+}
+
+SignMarks MatchRule::marks() const
+{
+    if (kind_ == Kind::Ends) {
+        return {.beginning = first_, .end = second_, .anywhere = {}};
+    }
+    return {.beginning = {}, .end = {}, .anywhere = {first_}};
 }
 
 MatchRule MatchRule::beginningsOf(std::string_view phrase)

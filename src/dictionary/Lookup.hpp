@@ -3,12 +3,23 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/SignCode.hpp"
 #include "dictionary/RecordReader.hpp"
 #include "dictionary/SearchModes.hpp"
 
 namespace karvel {
+
+/// Which signs of an entry a question asked for.
+struct SignMarks {
+    std::string beginning;              ///< marked where the entry begins with it
+    std::string end;                    ///< marked where the entry ends with it
+    std::vector<std::string> anywhere;  ///< marked wherever they occur
+
+    /// For each of `signs`, the codes of an entry, whether it is marked.
+    [[nodiscard]] std::vector<bool> of(std::string_view signs) const;
+};
 
 /// Tells whether a record's signs satisfy a phrase in one of the search modes.
 class MatchRule {
@@ -36,6 +47,9 @@ class MatchRule {
         }
         return false;
     }
+
+    /// The signs that make an entry match.
+    [[nodiscard]] SignMarks marks() const;
 
     /// A text that stands in every matching record of the usual form, with the quotes around the signs where
     /// the match begins or ends with them; empty when there is none.

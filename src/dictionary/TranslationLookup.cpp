@@ -1,5 +1,6 @@
 #include "dictionary/TranslationLookup.hpp"
 
+#include <cstdint>
 #include <utility>
 
 #include "dictionary/Lookup.hpp"

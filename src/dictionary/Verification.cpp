@@ -21,8 +21,15 @@ class LineCounter : public ByteSource {
   public:
     explicit LineCounter(ByteSource& source) : source_(source) {}
 
+    /// `reader` reads from this source. The lines behind which it is are counted as it reads on, so that a
+    /// file of line ends alone takes no memory.
+    void follow(const FieldReader& reader) { reader_ = &reader; }
+
     std::size_t read(std::span<char> buffer) override
     {
+        if (reader_ != nullptr) {
+            (void)lineAt(reader_->position());
+        }
         const std::size_t count = source_.read(buffer);
         for (std::size_t i = 0; i < count; ++i) {
             note(buffer[i], seen_ + i);
@@ -53,7 +60,9 @@ class LineCounter : public ByteSource {
     void note(char byte, std::uint64_t position)
     {
         if (byte == '\n' && afterCr_) {
-            starts_.back() = position + 1;  // CR LF is one line end
+            if (!starts_.empty()) {  // else the line was counted at the CR, where the last chunk ended
+                starts_.back() = position + 1;  // CR LF is one line end
+            }
         } else if (byte == '\n' || byte == '\r') {
             starts_.push_back(position + 1);
         }
@@ -61,6 +70,7 @@ class LineCounter : public ByteSource {
     }
 
     ByteSource& source_;
+    const FieldReader* reader_ = nullptr;
     std::vector<std::uint64_t> starts_;  ///< where lines begin that lineAt has not passed yet
     std::size_t first_ = 0;
     std::uint64_t seen_ = 0;
@@ -123,6 +133,7 @@ Verification verify(ByteSource& dictionary)
     Verification result;
     LineCounter lines(dictionary);
     FieldReader reader(lines);
+    lines.follow(reader);
     Seen seen;
     std::uint64_t begin = 1;
     // A field whose quote is not closed ends at the next quote, and all later fields are shifted. Then the

@@ -1,7 +1,6 @@
 #include "dictionary/WordFinder.hpp"
 
 #include <algorithm>
-#include <deque>
 #include <utility>
 
 namespace karvel {
@@ -11,8 +10,8 @@ namespace karvel {
 class WordFinder::Folded {
   public:
     struct Record {
-        DictionaryEntry entry;
-        FoldedEntry folded;
+        std::shared_ptr<const DictionaryEntry> entry;
+        std::size_t word = 0;
     };
 
     Folded(const FileSystem& files, std::string path, std::size_t most)
@@ -50,6 +49,9 @@ class WordFinder::Folded {
         return tooLarge_ ? nullptr : &records_[number];
     }
 
+    /// The word `number` of the records, from 0.
+    [[nodiscard]] const FoldedEntry& word(std::size_t number) const { return words_[number]; }
+
     [[nodiscard]] bool tooLarge() const { return tooLarge_; }
     [[nodiscard]] int percent() const { return progress_.percent(); }
 
@@ -71,13 +73,18 @@ class WordFinder::Folded {
         }
         if (records_.size() == most_) {
             tooLarge_ = true;
+            numbers_ = {};
             records_ = {};
+            words_ = {};
             reader_.reset();
             return false;
         }
-        DictionaryEntry entry = reader_->record().decoded();
-        FoldedEntry folded(entry);
-        records_.push_back({std::move(entry), std::move(folded)});
+        auto entry = std::make_shared<const DictionaryEntry>(reader_->record().decoded());
+        const std::size_t word = numbers_.of(*entry);
+        if (word == words_.size()) {
+            words_.emplace_back(*entry);
+        }
+        records_.push_back({std::move(entry), word});
         return true;
     }
 
@@ -87,7 +94,9 @@ class WordFinder::Folded {
     std::optional<FileState> state_;
     ReadingProgress progress_;
     std::unique_ptr<RecordReader> reader_;  ///< null at the end of the file
-    std::deque<Record> records_;            ///< their addresses stay
+    std::vector<Record> records_;
+    std::vector<FoldedEntry> words_;  ///< the spellings of one word are folded once
+    WordNumbers numbers_;
     bool tooLarge_ = false;
     std::optional<RuntimeError> failure_;
 };
@@ -100,7 +109,7 @@ class WordFinder::Inquiry : public WordFinder::Search {
     {
         for (const QuestionKind kind : kQuestionKinds) {
             if (auto question = WordQuestion::make(text, kind); question && only.value_or(kind) == kind) {
-                questions_.push_back({std::move(*question), {}, {}});
+                questions_.push_back({std::move(*question), {}, {}, {}});
             }
         }
     }
@@ -120,7 +129,7 @@ class WordFinder::Inquiry : public WordFinder::Search {
     [[nodiscard]] Answers answers() const override
     {
         const Asked* const asked = best();
-        return asked == nullptr ? Answers() : Answers::of(asked->answers);
+        return asked == nullptr ? Answers() : Answers(asked->answers, asked->question.marks());
     }
 
     [[nodiscard]] int percent() const override { return reader_ ? progress_.percent() : records_->percent(); }
@@ -130,6 +139,7 @@ class WordFinder::Inquiry : public WordFinder::Search {
         WordQuestion question;
         std::vector<Answer> answers;
         std::optional<Rank> best;
+        std::vector<std::optional<Rank>> ofWords;  ///< by the number of the word, for those met
     };
 
     bool step() override
@@ -138,42 +148,58 @@ class WordFinder::Inquiry : public WordFinder::Search {
             return false;
         }
         if (const Folded::Record* const record = records_->at(next_)) {
-            // A pointer to the entry that keeps all records in memory.
-            ask(record->entry, record->folded,
-                [&] { return std::shared_ptr<const DictionaryEntry>(records_, &record->entry); });
+            for (Asked& asked : questions_) {
+                add(asked, rankOf(*record, asked), record->entry, [&] { return record->word; });
+            }
+            ++next_;
             return true;
         }
         return records_->tooLarge() && stepInFile();
     }
 
+    /// A word of which several spellings are read is asked once.
+    [[nodiscard]] std::optional<Rank> rankOf(const Folded::Record& record, Asked& asked) const
+    {
+        const FoldedEntry& folded = records_->word(record.word);
+        if (asked.question.kind() == QuestionKind::Signs) {
+            return asked.question.rankOf(*record.entry, folded);
+        }
+        if (record.word == asked.ofWords.size()) {
+            asked.ofWords.push_back(asked.question.rankOf(*record.entry, folded));
+        }
+        return asked.ofWords[record.word];
+    }
+
+    /// Begins again with the first record: the numbers of the words that were kept in memory are lost.
     bool stepInFile()
     {
         if (!reader_) {
             reader_ = records_->read(progress_);
-            for (std::size_t asked = 0; asked < next_ && reader_->next(); ++asked) {
+            for (Asked& asked : questions_) {
+                asked.answers.clear();
+                asked.best.reset();
             }
         }
         if (!reader_->next()) {
             return false;
         }
-        const DictionaryEntry entry = reader_->record().decoded();
-        ask(entry, FoldedEntry(entry), [&] { return std::make_shared<const DictionaryEntry>(entry); });
+        const auto entry = std::make_shared<const DictionaryEntry>(reader_->record().decoded());
+        const FoldedEntry folded(*entry);
+        for (Asked& asked : questions_) {
+            add(asked, asked.question.rankOf(*entry, folded), entry, [&] { return numbers_.of(*entry); });
+        }
         return true;
     }
 
-    /// `share` gives a lasting pointer to `entry` when it is an answer.
-    template <typename Share>
-    void ask(const DictionaryEntry& entry, const FoldedEntry& folded, const Share& share)
+    /// Adds `entry` when it has a rank; `word` gives the number of its word.
+    template <typename Word>
+    void add(Asked& asked, const std::optional<Rank>& rank,
+             const std::shared_ptr<const DictionaryEntry>& entry, const Word& word)
     {
-        for (auto& [question, answers, best] : questions_) {
-            Answer answer{.entry = {}, .order = next_};
-            if (question.answeredBy(entry, folded, answer)) {
-                answer.entry = share();
-                best = best ? std::min(*best, answer.rank) : answer.rank;
-                answers.push_back(std::move(answer));
-            }
+        if (rank) {
+            asked.best = asked.best ? std::min(*asked.best, *rank) : *rank;
+            asked.answers.push_back({.entry = entry, .rank = *rank, .word = word()});
         }
-        ++next_;
     }
 
     [[nodiscard]] const Asked* best() const
@@ -193,9 +219,11 @@ class WordFinder::Inquiry : public WordFinder::Search {
     std::shared_ptr<Folded> records_;
     QuestionKind usual_;
     std::vector<Asked> questions_;
-    std::size_t next_ = 0;  ///< the number of the record to be compared next
+    std::size_t next_ = 0;  ///< the number of the kept record to be compared next
+    // Of a dictionary that is too large to be kept.
     ReadingProgress progress_;
-    std::unique_ptr<RecordReader> reader_;  ///< of a dictionary that is too large to be kept
+    std::unique_ptr<RecordReader> reader_;
+    WordNumbers numbers_;
 };
 
 WordFinder::WordFinder(const FileSystem& files, std::string_view path, std::size_t most)

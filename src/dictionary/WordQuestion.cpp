@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 #include "base/SignCode.hpp"
 #include "text/CodePage.hpp"
@@ -177,8 +178,8 @@ bool hasForm(std::string_view text, std::string_view pattern)
 std::optional<Rank> formRank(std::string_view readings, std::string_view pattern)
 {
     std::uint8_t place = 0;
-    for (const std::string& reading : partedBy(readings, ',')) {
-        if (hasForm(reading, pattern)) {
+    for (std::size_t from = 1; from < readings.size(); from = readings.find(',', from) + 1) {
+        if (hasForm(readings.substr(from, readings.find(',', from) - from), pattern)) {
             return Rank{.tier = kWhole, .place = place};
         }
         place = static_cast<std::uint8_t>(std::min<std::size_t>(place + 1U, kLastPlace));
@@ -251,17 +252,17 @@ std::optional<WordQuestion> WordQuestion::make(std::string_view text, QuestionKi
     return question.text_.empty() ? std::nullopt : std::optional(std::move(question));
 }
 
-bool WordQuestion::answeredBy(const DictionaryEntry& entry, const FoldedEntry& folded, Answer& answer) const
+std::optional<Rank> WordQuestion::rankOf(const DictionaryEntry& entry, const FoldedEntry& folded) const
 {
-    if (kind_ == QuestionKind::Signs) {
-        return signsIn(entry.signs, answer);
+    switch (kind_) {
+        case QuestionKind::Italian:
+            return italianRank(folded.italian);
+        case QuestionKind::Transliteration:
+            return transliterationRank(folded);
+        case QuestionKind::Signs:
+            return signsRank(entry.signs);
     }
-    const std::optional<Rank> rank =
-        kind_ == QuestionKind::Italian ? italianRank(folded.italian) : transliterationRank(folded);
-    if (rank) {
-        answer.rank = *rank;
-    }
-    return rank.has_value();
+    return std::nullopt;
 }
 
 std::optional<Rank> WordQuestion::italianRank(std::string_view senses) const
@@ -286,31 +287,30 @@ std::optional<Rank> WordQuestion::transliterationRank(const FoldedEntry& folded)
     const auto rankIn = [this](std::string_view readings, std::string_view key) {
         return wildcards_ ? formRank(readings, key) : readingRank(readings, key);
     };
-    const std::optional<Rank> exact = rankIn(folded.transliteration, text_);
     std::optional<Rank> small = rankIn(folded.smallTransliteration, small_);
     if (!small) {
-        return exact;
+        return std::nullopt;  // nor are there the exact letters
     }
     small->place += kLooser;
+    const std::optional<Rank> exact = rankIn(folded.transliteration, text_);
     return exact ? std::min(*exact, *small) : *small;
 }
 
-bool WordQuestion::signsIn(std::string_view signs, Answer& answer) const
+std::optional<Rank> WordQuestion::signsRank(std::string_view signs) const
 {
     if (parts_.size() == 1) {
-        return markMatch(signs, text_, answer);
+        return signRank(signs, text_);
     }
     // Each part takes signs of its own: "F35 + F35" needs two of them.
     std::string left(signs);
     for (const std::string& part : parts_) {
         const std::size_t at = left.find(part);
         if (at == std::string::npos) {
-            return false;
+            return std::nullopt;
         }
         left.replace(at, part.size(), part.size(), '-');
     }
-    answer.rank = {.tier = kInside};
-    return true;
+    return Rank{.tier = kInside};
 }
 
 }  // namespace karvel

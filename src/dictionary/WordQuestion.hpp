@@ -42,17 +42,19 @@ class WordQuestion {
 
     [[nodiscard]] QuestionKind kind() const { return kind_; }
 
-    /// Whether `entry`, of which `folded` was made, answers; its rank, and for signs the range that matched,
-    /// are then put into `answer`.
-    [[nodiscard]] bool answeredBy(const DictionaryEntry& entry, const FoldedEntry& folded,
-                                  Answer& answer) const;
+    /// How well `entry`, of which `folded` was made, answers; nothing when it does not. Signs are looked for
+    /// in `entry` alone, the other kinds in `folded` alone.
+    [[nodiscard]] std::optional<Rank> rankOf(const DictionaryEntry& entry, const FoldedEntry& folded) const;
+
+    /// The signs that are asked for; none in a question of another kind.
+    [[nodiscard]] SignMarks marks() const { return {.beginning = {}, .end = {}, .anywhere = parts_}; }
 
   private:
     explicit WordQuestion(QuestionKind kind) : kind_(kind) {}
 
     [[nodiscard]] std::optional<Rank> italianRank(std::string_view senses) const;
     [[nodiscard]] std::optional<Rank> transliterationRank(const FoldedEntry& folded) const;
-    [[nodiscard]] bool signsIn(std::string_view signs, Answer& answer) const;
+    [[nodiscard]] std::optional<Rank> signsRank(std::string_view signs) const;
 
     QuestionKind kind_;
     std::string text_;                ///< the question folded; for signs the codes of its first part

@@ -102,6 +102,23 @@ std::vector<std::string> namesOf(std::string_view path)
     return names;
 }
 
+/// Throws RuntimeError 75 unless the file or directory that `path` really is, all symbolic links followed,
+/// lies below `root`. What does not exist is judged by the directory that does. A link to nothing is refused
+/// too: to write through it would create a file anywhere.
+void refuseOutside(const fs::path& root, const fs::path& path)
+{
+    std::error_code error;
+    fs::path present = path;
+    while (!fs::exists(fs::symlink_status(present, error))) {
+        present = present.parent_path();
+    }
+    const fs::path real = fs::canonical(present, error);
+    const fs::path top = error ? fs::path() : fs::canonical(root, error);
+    if (error || std::ranges::mismatch(top, real).in1 != top.end()) {
+        throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
+}
+
 }  // namespace
 
 fs::path hostPath(std::string_view utf8)
@@ -152,9 +169,16 @@ fs::path Drives::toHost(std::string_view path) const
     if (!hasDrive(path) || !mapped()) {
         return hostPath(path);
     }
-    fs::path host = root(path[0]);
+    const fs::path top = root(path[0]);
+    fs::path host = top;
+    bool linked = false;
+    std::error_code error;
     for (const std::string& name : namesOf(path.substr(2))) {
         host /= nameIn(host, name);
+        linked = linked || fs::is_symlink(host, error);
+    }
+    if (linked) {
+        refuseOutside(top, host);
     }
     return host;
 }

@@ -25,7 +25,8 @@ inline constexpr std::string_view kInstallRoot = "C:\\programmi\\Karvel\\";
 ///
 /// On a mapped drive, drive C: is a directory, and another drive X: is the directory drive_x beside it.
 /// Names are matched without regard to case, trailing blanks of a name are dropped, and ".." stops at the
-/// drive's root. Without a mapping, on Windows, paths are the host's own.
+/// drive's root. So does a symbolic link: a tree that comes from someone else cannot lead to other files of
+/// the user. The root itself may be a link. Without a mapping, on Windows, paths are the host's own.
 class Drives {
   public:
     /// The identity; only where the host has drives of its own.
@@ -42,17 +43,18 @@ class Drives {
 
     /// The host's path for `path`, UTF-8. What does not exist keeps the spelling given, so that it can be
     /// created. A path without a drive letter is taken as the host's. Throws RuntimeError 52 for a name that
-    /// no file can have.
+    /// no file can have, 75 for one that a symbolic link leads out of its drive, or to nothing.
     [[nodiscard]] std::filesystem::path toHost(std::string_view path) const;
 
     /// The system's form of a host path; the host path itself where it lies on no mapped drive.
     [[nodiscard]] std::string toSystem(const std::filesystem::path& path) const;
 
     /// The bare name, as it is spelled on the disk, of the directory at `path`; nothing when there is none.
+    /// Throws as `toHost`.
     [[nodiscard]] std::optional<std::string> directoryName(std::string_view path) const;
 
     /// The names of the directories in `path`, sorted without regard to case.
-    /// Throws RuntimeError 76 when it cannot be listed.
+    /// Throws RuntimeError 76 when it cannot be listed, else as `toHost`.
     [[nodiscard]] std::vector<std::string> subdirectories(std::string_view path) const;
 
     /// The lower-case letters of the drives that exist, in order.

@@ -6,6 +6,7 @@
 
 #include "files/HostFile.hpp"
 #include "files/Leftovers.hpp"
+#include "text/CodePage.hpp"
 
 namespace karvel {
 
@@ -51,16 +52,22 @@ void rewriteInPlace(const fs::path& path, std::string_view bytes)
     }
 }
 
-/// The bytes from `offset` to the end of the file when all are blanks and line ends, else nothing.
-std::string blanksFrom(HostFile& file, std::uint64_t offset)
+/// The bytes from `offset` to the end of the file when all are blanks and line ends, else nothing. Throws
+/// RuntimeError 6 when there are too many to be kept.
+std::string blanksFrom(const HostFile& file, std::uint64_t offset)
 {
+    constexpr std::size_t kMost = std::size_t{1} << 24;
     std::string blanks;
-    for (std::uint64_t at = offset; at < file.size(); ++at) {
-        const char byte = file.byteAt(at);
-        if (byte != ' ' && byte != '\r' && byte != '\n') {
+    char chunk[16384];
+    while (const std::size_t count = file.readAt(offset + blanks.size(), chunk)) {
+        const std::string_view bytes(chunk, count);
+        if (bytes.find_first_not_of(" \r\n") != std::string_view::npos) {
             return {};
         }
-        blanks.push_back(byte);
+        if (blanks.size() >= kMost) {
+            throw RuntimeError(ErrorNumber::Overflow);
+        }
+        blanks += bytes;
     }
     return blanks;
 }
@@ -143,15 +150,15 @@ void appendTo(HostFile& file, std::string_view bytes, std::optional<std::uint64_
 FileSystem::FileSystem(Drives drives) : drives_(std::move(drives)), held_(std::make_shared<HeldFiles>()) {}
 
 /// The content in memory that stands for `path`; null for a file that is not held there.
-std::optional<std::string>* FileSystem::held(const fs::path& path) const
+std::optional<std::string>* FileSystem::held(std::string_view path) const
 {
-    const auto at = held_->find(path);
+    const auto at = held_->empty() ? held_->end() : held_->find(upperCase(path));
     return at == held_->end() ? nullptr : &at->second;
 }
 
 std::unique_ptr<ByteSource> FileSystem::open(std::string_view path) const
 {
-    if (const auto* const file = held(drives_.toHost(path)); file != nullptr && *file) {
+    if (const auto* const file = held(path); file != nullptr && *file) {
         return std::make_unique<TextSource>(**file);
     }
     return std::make_unique<HostFile>(drives_.toHost(path), HostFile::Mode::Read);
@@ -173,13 +180,17 @@ FileState FileSystem::state(std::string_view path) const
 
 bool FileSystem::exists(std::string_view path) const
 {
-    std::error_code error;
-    return fs::is_regular_file(drives_.toHost(path), error);
+    try {
+        std::error_code error;
+        return fs::is_regular_file(drives_.toHost(path), error);
+    } catch (const RuntimeError&) {
+        return false;
+    }
 }
 
 void FileSystem::replace(std::string_view path, std::string_view bytes, Durability durability) const
 {
-    if (auto* const file = held(drives_.toHost(path))) {
+    if (auto* const file = held(path)) {
         *file = bytes;
         return;
     }
@@ -274,9 +285,10 @@ void FileSystem::remove(std::string_view path) const
 
 bool FileSystem::canReplace(std::string_view path) const
 {
-    const fs::path target = behindLinks(drives_.toHost(path));
+    fs::path target;
     std::error_code error;
     try {
+        target = behindLinks(drives_.toHost(path));
         refuseToReplace(target);
         fs::remove(writeBeside(target, {}, Durability::Process, target), error);
         return true;
@@ -295,7 +307,7 @@ bool FileSystem::canReplace(std::string_view path) const
 
 void FileSystem::holdInMemory(std::string_view path) const
 {
-    held_->try_emplace(drives_.toHost(path));
+    held_->try_emplace(upperCase(path));
 }
 
 }  // namespace karvel

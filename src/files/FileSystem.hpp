@@ -28,7 +28,7 @@ struct FileState {
 
 /// The files of the system, by their paths in the system's own form (or the host's). Contents are bytes of
 /// the code page. All functions throw RuntimeError: 53 file missing, 76 directory missing, 70 not allowed,
-/// 75 no plain file, 61 disk full, 57 device failure, 52 impossible name.
+/// 75 no plain file or one outside its drive, 61 disk full, 57 device failure, 52 impossible name.
 class FileSystem {
   public:
     explicit FileSystem(Drives drives);
@@ -41,7 +41,7 @@ class FileSystem {
     /// All bytes of `path`. Throws RuntimeError 6 when there are more than `limit`.
     [[nodiscard]] std::string readAll(std::string_view path, std::size_t limit = std::size_t{1} << 26) const;
 
-    /// True when a plain file is at `path`.
+    /// True when a plain file is at `path`. Never throws.
     [[nodiscard]] bool exists(std::string_view path) const;
 
     /// The state of the plain file at `path`.
@@ -78,11 +78,12 @@ class FileSystem {
     void holdInMemory(std::string_view path) const;
 
   private:
-    /// The content by host path. Without content, before the first `replace`, the file is read from the disk.
-    using HeldFiles = std::map<std::filesystem::path, std::optional<std::string>>;
+    /// The content by path in upper case: the program spells each in one way. Without content, before the
+    /// first `replace`, the file is read from the disk.
+    using HeldFiles = std::map<std::string, std::optional<std::string>>;
 
     [[nodiscard]] std::string freeNameForOld(std::string_view path) const;
-    [[nodiscard]] std::optional<std::string>* held(const std::filesystem::path& path) const;
+    [[nodiscard]] std::optional<std::string>* held(std::string_view path) const;
 
     Drives drives_;
     std::shared_ptr<HeldFiles> held_;

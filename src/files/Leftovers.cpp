@@ -58,7 +58,11 @@ void removeLeftoversIn(const fs::path& directory)
 void removeLeftovers(const FileSystem& files)
 {
     for (const std::string_view below : {"", "edizione", "settaggi", "prefe", "GeroLink"}) {
-        removeLeftoversIn(files.drives().toHost(installed(below)));
+        try {
+            removeLeftoversIn(files.drives().toHost(installed(below)));
+        } catch (const RuntimeError&) {
+            continue;  // not in this drive: what needs a file of it reports that
+        }
     }
 }
 

@@ -3,6 +3,7 @@
 #include <QFileDialog>
 
 #include "app/Session.hpp"
+#include "windows/support/FileDialogs.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
@@ -10,17 +11,15 @@ namespace karvel {
 namespace {
 
 /// Prepares a file dialog that opens in the directory of the pages.
-void prepare(QFileDialog& dialog, const Session& session, const QString& title, const QStringList& filters)
+void prepare(QFileDialog& dialog, const Session& session, const QString& title, const QStringList& filters,
+             const QString& accept)
 {
     dialog.setObjectName(QStringLiteral("CommonDialog"));
     dialog.setWindowTitle(title);
     dialog.setDirectory(qtext(utf8Path(session.files().drives().toHost(kPageDirectory))));
     dialog.setNameFilters(filters);
     dialog.setViewMode(QFileDialog::List);
-    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Cerca in:"));
-    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nome file:"));
-    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Tipo file:"));
-    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Annulla"));
+    labelFileDialog(dialog, accept);
 }
 
 /// The chosen file, in the system's form when it is on one of the mapped drives; empty for none.
@@ -38,10 +37,9 @@ std::string chooseFileToSave(QWidget& parent, Session& session)
 {
     const QString title = QStringLiteral("Salva file (preferiti)");
     QFileDialog dialog(&parent);
-    prepare(dialog, session, title, {QStringLiteral("prf (*)")});
+    prepare(dialog, session, title, {QStringLiteral("prf (*)")}, QStringLiteral("&Salva"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Salva"));
     // The dialog would ask about the name without ".prf".
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     for (;;) {
@@ -64,10 +62,9 @@ std::string chooseFileToLoad(QWidget& parent, Session& session)
 {
     QFileDialog dialog(&parent);
     prepare(dialog, session, QStringLiteral("Seleziona un file (preferiti)"),
-            {QStringLiteral("prf (*)"), QStringLiteral("Tutti i file (*)")});
+            {QStringLiteral("prf (*)"), QStringLiteral("Tutti i file (*)")}, QStringLiteral("&Apri"));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Apri"));
     return chosen(dialog, session);
 }
 

@@ -2,10 +2,10 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QStandardPaths>
 #include <algorithm>
 
 #include "windows/support/Desktop.hpp"
+#include "windows/support/FileDialogs.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
@@ -13,18 +13,6 @@ namespace karvel {
 namespace {
 
 const QString kTitle = QStringLiteral("Salva la lettura");
-
-void prepare(QFileDialog& dialog, const QString& title, const QStringList& filters, const QString& accept)
-{
-    dialog.setWindowTitle(title);
-    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    dialog.setNameFilters(filters);
-    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Cerca in:"));
-    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nome file:"));
-    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Tipo file:"));
-    dialog.setLabelText(QFileDialog::Accept, accept);
-    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Annulla"));
-}
 
 /// The name that the user chose; empty for none.
 QString chosen(QFileDialog& dialog)
@@ -46,7 +34,9 @@ std::string askWhereToSaveReading(QWidget& parent, Desktop& desktop)
     const QStringList endings = {QStringLiteral(".karvel-lettura"), QStringLiteral(".html"),
                                  QStringLiteral(".txt"), QStringLiteral(".htm")};
     QFileDialog dialog(&parent);
-    prepare(dialog, kTitle, filters, QStringLiteral("&Salva"));
+    dialog.setWindowTitle(kTitle);
+    dialog.setNameFilters(filters);
+    openWhereUsedLast(dialog, QStringLiteral("&Salva"), desktop.session());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     // The dialog would ask about the name without its ending.
@@ -77,9 +67,10 @@ std::string askWhereToSaveReading(QWidget& parent, Desktop& desktop)
 std::string askWhichReadingToOpen(QWidget& parent, Desktop& desktop)
 {
     QFileDialog dialog(&parent);
-    prepare(dialog, QStringLiteral("Apri una lettura o un testo"),
-            {QStringLiteral("Letture e testi (*.karvel-lettura *.txt)"), QStringLiteral("Tutti i file (*)")},
-            QStringLiteral("&Apri"));
+    dialog.setWindowTitle(QStringLiteral("Apri una lettura o un testo"));
+    dialog.setNameFilters(
+        {QStringLiteral("Letture e testi (*.karvel-lettura *.txt)"), QStringLiteral("Tutti i file (*)")});
+    openWhereUsedLast(dialog, QStringLiteral("&Apri"), desktop.session());
     dialog.setFileMode(QFileDialog::ExistingFile);
     return inSystemForm(chosen(dialog), desktop);
 }

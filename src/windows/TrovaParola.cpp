@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "app/EntryList.hpp"
@@ -49,6 +50,12 @@ TrovaParola::TrovaParola(Desktop& desktop, QWidget* parent)
                 [this, kind] { understandAs(kind); });
     }
     understood_->setMenu(kinds);
+    int widest = 0;  // one width for all texts, so that the field keeps its size while the user types
+    for (const QAction* const kind : kinds->actions()) {
+        understood_->setText(kind->text().remove(QLatin1Char('&')));
+        widest = std::max(widest, understood_->sizeHint().width());
+    }
+    understood_->setMinimumWidth(widest);
     counts_->setObjectName(QStringLiteral("counts"));
     auto* const line = new QHBoxLayout;
     line->addWidget(field_, 1);

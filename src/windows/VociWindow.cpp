@@ -42,6 +42,7 @@ Voci::Voci(Desktop& desktop, QWidget* parent)
     connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) {
         pane_->list().answers().filter(typed(text));
         pane_->list().toStart();
+        showHeading();
     });
     connect(pane_, &AnswerPane::shown, this, &Voci::showHeading);
     auto* const column = new QVBoxLayout(this);
@@ -77,9 +78,16 @@ void Voci::list(Mode mode, const std::string& phrase)
 
 void Voci::showHeading()
 {
+    if (!listed_) {
+        return;
+    }
     const std::string heading = listed_->heading(pane_->list().answers().answers());
     pane_->setHeading(heading);
-    heading_->setText(qtext(heading));
+    const AnswerModel& model = pane_->list().answers();
+    const int words = model.rowCount() - (model.rest().empty() ? 0 : 1);
+    heading_->setText(qtext(heading) + (filter_->text().trimmed().isEmpty()
+                                            ? QString()
+                                            : QStringLiteral(" · con il filtro: %1").arg(words)));
     heading_->setToolTip(heading_->text());
 }
 

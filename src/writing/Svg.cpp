@@ -121,16 +121,39 @@ void writeOutline(const PlacedSign& sign, const std::vector<OutlineStep>& outlin
     svg << "\"/>\n";
 }
 
-void writeImage(const PlacedSign& sign, const SignDrawing& drawing, Writer& svg)
+/// The beginning of an element that is drawn into `box`, reflected if the sign is.
+void beginInBox(std::string_view element, const PlacedSign& sign, Box box, Writer& svg)
 {
-    Box box = SignDrawings::imageBox(drawing, sign.box);
-    svg << "<image";
+    svg << '<' << element;
     if (sign.mirrored) {
         // Reflected in the vertical axis through x = 0; so is the box that it is drawn into.
         box.x = -box.x - box.width;
         svg << " transform=\"scale(-1 1)\"";
     }
-    svg << box << " href=\"data:image/gif;base64," << base64(drawing.image) << "\"/>\n";
+    svg << box;
+}
+
+void writeShared(const PlacedSign& sign, const std::vector<OutlineStep>& outline, SharedOutlines& shared,
+                 Writer& svg)
+{
+    if (shared.codes.insert(sign.code).second) {
+        const SignShape shape = shapeOf(sign.code).value_or(SignShape{1000, 1000});
+        const auto width = static_cast<double>(shape.width);
+        const auto height = static_cast<double>(shape.height);
+        Writer symbols(shared.symbols);
+        symbols << "<symbol id=\"segno-" << sign.code << "\" viewBox=\"0 0 " << width << ' ' << height
+                << "\" preserveAspectRatio=\"none\" overflow=\"visible\">";
+        writeOutline({.code = sign.code, .box = {0, 0, width, height}}, outline, symbols);
+        symbols << "</symbol>\n";
+    }
+    beginInBox("use", sign, sign.box, svg);
+    svg << " href=\"#segno-" << sign.code << "\"/>\n";
+}
+
+void writeImage(const PlacedSign& sign, const SignDrawing& drawing, Writer& svg)
+{
+    beginInBox("image", sign, SignDrawings::imageBox(drawing, sign.box), svg);
+    svg << " href=\"data:image/gif;base64," << base64(drawing.image) << "\"/>\n";
 }
 
 struct Letter {
@@ -184,7 +207,8 @@ void writeRing(const PlacedRing& ring, Writer& svg)
 
 }  // namespace
 
-Svg svgOf(const Placement& placement, double blockPixels, std::string_view title, SignDrawings& drawings)
+Svg svgOf(const Placement& placement, double blockPixels, std::string_view title, SignDrawings& drawings,
+          SharedOutlines* shared)
 {
     Svg made;
     Writer svg(made.text);
@@ -196,7 +220,9 @@ Svg svgOf(const Placement& placement, double blockPixels, std::string_view title
         << ' ' << height << "\">\n<title>" << escaped(title) << "</title>\n";
     for (const PlacedSign& sign : placement.signs) {
         const SignDrawing& drawing = drawings.of(sign.code);
-        if (sign.drawn && drawing.outline) {
+        if (sign.drawn && drawing.outline && shared != nullptr) {
+            writeShared(sign, *drawing.outline, *shared, svg);
+        } else if (sign.drawn && drawing.outline) {
             writeOutline(sign, *drawing.outline, svg);
         } else if (sign.drawn && !drawing.image.empty()) {
             writeImage(sign, drawing, svg);

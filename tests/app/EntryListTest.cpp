@@ -62,9 +62,8 @@ TEST(EntryList, KnowsTheRestAtTheEndOnly)
 
 TEST(EntryList, IsWrittenForOtherPrograms)
 {
-    Answers answers;
-    answers.add({.entry = std::make_shared<DictionaryEntry>(
-                     DictionaryEntry{"d51", "\"buono\" <a> & b", "nfr-HA", "n;1"})});
+    const Answers answers({{.entry = std::make_shared<DictionaryEntry>(
+                                DictionaryEntry{"d51", "\"buono\" <a> & b", "nfr-HA", "n;1"})}});
     EXPECT_EQ(asCsv(answers).substr(3),
               "Gardiner;Geroglifici;Traduzione;Traslitterazione;Nota\r\n"
               "\"F35\";\"𓄤\";\"\"\"buono\"\" <a> & b\";\"nfr-ḥꜣ\";\"n;1\"\r\n");

@@ -13,6 +13,16 @@ TEST(Verification, NamesTheLineOfTheFirstDoubtfulRecord)
     const std::string kSigns = "il campo dei segni non è una sequenza di codici: ";
     const std::string kQuote = "virgolette aperte e mai chiuse";
     const std::string kCut = "voce incompleta: il file finisce prima del quarto campo";
+    // The first chunk that is read ends between a CR and its LF, when the starts of 4097 lines are forgotten.
+    const auto repeated = [](int times, std::string_view text) {
+        std::string all;
+        for (; times > 0; --times) {
+            all += text;
+        }
+        return all;
+    };
+    const std::string lines = repeated(19, "a01") + " \r\n" + repeated(4095, repeated(20, "a01") + "  \r\n") +
+                              repeated(4, "a01\r\n");
     const struct {
         std::string file;
         std::uint64_t records, line;  // line 0: no fault
@@ -35,6 +45,7 @@ TEST(Verification, NamesTheLineOfTheFirstDoubtfulRecord)
         {good + "\"a02\"\r\n\"due\"\r\n\"\"\r\n\"nota\r\n" + good + good, 1, 5, kQuote},
         {good + "\"a02\"\r\n\"due\r\n\"\"\r\n\"\"\r\n", 1, 5, kCut},
         {good + "\"a02\r\n\"due\"\r\n\"\"\r\n\"\"\r\n" + good, 1, 5, kQuote},
+        {lines + "\"a01", 1025, 4101, kQuote},
         {good + "\"perch\xE9\",b,c,d", 1, 5, kSigns + "\"perché\""},
         {"\"" + std::string(500, 'x') + "\",b,c,d", 0, 1, kSigns + "\"" + std::string(40, 'x') + "\""},
     };

@@ -100,10 +100,15 @@ TEST_F(Finding, GoesOnPieceByPiece)
          {WordFinder::kMost, std::size_t{3}}) {  // kept; read from the file each time
         WordFinder pieces(drive.files(), kDictionaryPath, most);
         const auto first = pieces.search("vita");
-        for (int record = 0; record < 11; ++record) {
+        // A dictionary that turns out to be too large is read again from its beginning.
+        for (std::size_t record = 0; record < 11 + most % WordFinder::kMost; ++record) {
             EXPECT_TRUE(first->read(pause));
         }
         EXPECT_EQ(told(*first), "italiano: vita/1;");
+        WordFinder others(drive.files(), kDictionaryPath, most);
+        const auto early = others.search("nfr");  // its answers stand before the limit
+        early->readAll();
+        EXPECT_EQ(told(*early), "traslitterazione: buono, bello, perfetto/2; bene/1;");
         const auto second = pieces.search("re, figlio");
         EXPECT_TRUE(second->read(pause));
         second->readAll();
@@ -116,30 +121,68 @@ TEST_F(Finding, GoesOnPieceByPiece)
     EXPECT_EQ(asked("vita"), "italiano: error");
 }
 
-Answers matches(RecordReader& reader, Mode mode)
+/// The signs of an answer, those that are marked in capitals.
+std::string marked(const Answers& answers, const Answer& answer)
 {
-    std::vector<Answer> found;
-    PhraseMatches matches(reader, mode, "f21");
-    while (matches.step(found)) {
+    std::string signs = answer.entry->signs;
+    const std::vector<bool> marks = answers.marks().of(signs);
+    for (std::size_t sign = 0; sign < marks.size(); ++sign) {
+        if (marks[sign]) {
+            signs[3 * sign] = static_cast<char>(signs[3 * sign] - 'a' + 'A');
+        }
     }
-    return Answers::of(found);
+    return signs;
 }
 
-TEST(Answers, AreFoldedRankedAndMarked)
+/// The entries of a small dictionary that match, as `marked` tells them.
+std::string matches(Mode mode, std::string_view phrase)
+{
+    const std::string file =
+        record("f21d51f21", "1") + record("d51f21", "2") + record("f21", "3") + record("f21b47", "4");
+    RecordReader reader(std::make_unique<TextSource>(file));
+    std::vector<Answer> found;
+    PhraseMatches matches(reader, mode, phrase);
+    while (matches.step(found)) {
+    }
+    const Answers answers(found, matches.marks());
+    std::string told;
+    for (const Answer& answer : answers.all()) {
+        told += marked(answers, answer) + " ";
+    }
+    return told;
+}
+
+TEST(Answers, MarkTheSignsThatMatched)
+{
+    EXPECT_EQ(matches(Mode::Equal, "f21"), "F21 ");
+    EXPECT_EQ(matches(Mode::Contains, "f21"), "F21d51F21 d51F21 F21 F21b47 ");
+    EXPECT_EQ(matches(Mode::StartsWith, "f21"), "F21d51f21 F21 F21b47 ");
+    EXPECT_EQ(matches(Mode::EndsWith, "f21"), "f21d51F21 d51F21 F21 ");
+    EXPECT_EQ(matches(Mode::MissingSign, "f21p47b47"), "F21B47 ");
+}
+
+TEST_F(Finding, MarksSignsThatWereAskedForInAnyOrder)
+{
+    const auto search = finder.search("D21 + F35");
+    search->readAll();
+    const Answers answers = search->answers();
+    EXPECT_EQ(marked(answers, answers.all().front()), "D51f21B47");
+    EXPECT_EQ(marked(answers, answers.all().back()), "B47D51");
+}
+
+TEST(Answers, AreFoldedAndRanked)
 {
     const std::string file = dictionary() + record("f21d51f21", "x", "x");
-    const TextSource source(file);
-    RecordReader reader(std::make_unique<TextSource>(source));
-    Answers answers = matches(reader, Mode::Contains);
+    RecordReader reader(std::make_unique<TextSource>(file));
+    std::vector<Answer> found;
+    PhraseMatches matches(reader, Mode::Contains, "f21");
+    while (matches.step(found)) {
+    }
+    Answers answers(found);
     EXPECT_EQ(answers.counts(), "3 parole, 3 voci");
     EXPECT_EQ(answers.best(answers.word(0)).entry->translation, "x");  // begins with the phrase
-    EXPECT_EQ(answers.best(answers.word(1)).markedFrom, 1U);
     answers.sort(Answers::Order::FileOrder);
     EXPECT_EQ(answers.best(answers.word(2)).entry->translation, "x");
-    RecordReader again(std::make_unique<TextSource>(source));
-    const Answers ending = matches(again, Mode::EndsWith);
-    EXPECT_EQ(ending.counts(), "1 parola, 1 voce");
-    EXPECT_EQ(ending.all()[0].markedFrom, 2U);  // the one at the end, of two
 }
 
 TEST(Transliteration, IsPrintedWithMarksWhereItIsOne)

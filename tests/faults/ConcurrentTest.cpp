@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <set>
 #include <thread>
 

@@ -92,6 +92,9 @@ TEST_F(FileSystemTest, AppendsWholeLines)
         files.append(kFile, "nuova\r\n");
         EXPECT_EQ(drive.read(kFile), after);
     }
+    drive.write(kFile,
+                "a\r\n" + std::string(std::size_t{17} << 20, '\n'));  // too many to put back on failure
+    EXPECT_EQ(errorOf([&] { files.append(kFile, "nuova\r\n", 3); }), 6);
     files.append("C:\\programmi\\Karvel\\altro.txt", "x\r\n");
     EXPECT_EQ(drive.read("C:\\programmi\\Karvel\\altro.txt"), "x\r\n");
 }
@@ -167,7 +170,7 @@ TEST_F(FileSystemTest, AReadOnlyTreeIsNeverWrittenTo)
 
 TEST_F(FileSystemTest, KeepsLinksAndPermissions)
 {
-    const fs::path real = drive.directory().parent_path() / "altrove.txt";
+    const fs::path real = drive.directory() / "altrove.txt";
     files.replace(utf8Path(real), "uno");
     fs::permissions(real, fs::perms(0640));
     fs::create_symlink(real, drive.host(kFile));
@@ -175,6 +178,48 @@ TEST_F(FileSystemTest, KeepsLinksAndPermissions)
     EXPECT_TRUE(fs::is_symlink(drive.host(kFile)));
     EXPECT_EQ(fs::status(real).permissions(), fs::perms(0640));
     EXPECT_EQ(files.readAll(utf8Path(real)), "due");
+}
+
+TEST_F(FileSystemTest, ALinkDoesNotLeadOutOfTheDrive)
+{
+    const fs::path above = drive.directory().parent_path();
+    const fs::path outside = above / "altrove" / "uno.txt";
+    fs::create_directory(outside.parent_path());
+    files.replace(utf8Path(outside), "uno");
+    drive.write("C:\\altri\\due.txt", "due");
+    fs::create_directory_symlink(above, above / "vie");
+    const FileSystem behindLink(Drives(above / "vie" / "drive_c"));  // the root may stand behind a link
+    const struct {
+        std::string_view link, to, file;
+        int error;
+    } kCases[] = {
+        {"uno", "../altrove/uno.txt", "uno", 75},
+        {"scheda", "../altrove", "scheda\\uno.txt", 75},
+        {"scheda", "../altrove", "scheda\\nuovo.txt", 75},
+        {"nuovo", "../altrove/nuovo.txt", "nuovo", 75},  // would be created by writing through the link
+        {"nuovo", "../altrove/manca/nuovo.txt", "nuovo", 75},
+        {"vicino", "../drive_cc", "vicino\\tre.txt", 75},
+        {"tutto", "/", "TUTTO\\etc\\passwd", 75},
+        {"dentro", "altri", "dentro\\due.txt", 0},
+        {"dentro", "altri", "dentro\\nuovo.txt", 0},
+        {"giro", "../drive_c/altri/due.txt", "giro", 0},
+    };
+    fs::create_directory(above / "drive_cc");  // its name begins like the drive's
+    for (const FileSystem* const each : {&files, &behindLink}) {
+        for (const auto& [link, to, file, error] : kCases) {
+            const fs::path at = drive.directory() / link;
+            fs::create_symlink(to, at);
+            const std::string path = "C:\\" + std::string(file);
+            EXPECT_EQ(errorOf([&] { each->append(path, "x"); }), error) << file;
+            EXPECT_EQ(errorOf([&] { each->replace(path, "x"); }), error) << file;
+            EXPECT_EQ(errorOf([&] { (void)each->readAll(path); }), error) << file;
+            EXPECT_EQ(each->exists(path), error == 0) << file;
+            EXPECT_EQ(each->canReplace(path), error == 0) << file;
+            fs::remove(at);
+        }
+    }
+    EXPECT_EQ(files.readAll(utf8Path(outside)), "uno");
+    EXPECT_FALSE(fs::exists(outside.parent_path() / "nuovo.txt"));
 }
 
 TEST_F(FileSystemTest, APipeInTheFilesPlaceDoesNotHang)

@@ -1,6 +1,7 @@
 // Any mix of calls of the field reader, on any text, in any window, against the slow and simple reader.
 
 #include <array>
+#include <cstdint>
 
 #include "Target.hpp"
 #include "support/FieldModel.hpp"

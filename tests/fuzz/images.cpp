@@ -1,6 +1,7 @@
 // Any bytes as the image of a sign: what is read of them is whole.
 
 #include <algorithm>
+#include <cstdint>
 
 #include "Target.hpp"
 #include "windows/signs/GifImage.hpp"

@@ -2,6 +2,7 @@
 // The made inputs are the same on every run.
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>

@@ -7,6 +7,7 @@
 #include <QTextEdit>
 
 #include "windows/PictureWindow.hpp"
+#include "windows/TrovaParola.hpp"
 #include "windows/VociWindow.hpp"
 #include "windows/support/Stage.hpp"
 
@@ -53,6 +54,7 @@ class AccessibilityTest : public QObject {
         stage.windows().openItalian();
         stage.windows().openPicture("C:\\programmi\\Karvel\\GR\\a01.gif", "a01");
         stage.windows().open<Voci>().list(Mode::Contains, "a01");
+        stage.windows().open<TrovaParola>().start(QStringLiteral("uomo"));
         stage.session().translatedWords().add("uomo", "a01");
         stage.choose("tradotte");
         int windows = 0;
@@ -73,7 +75,7 @@ class AccessibilityTest : public QObject {
                 }
             }
         }
-        QCOMPARE(windows, 16);
+        QCOMPARE(windows, 17);
     }
 };
 

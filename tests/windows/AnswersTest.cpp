@@ -1,9 +1,15 @@
+#include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QToolButton>
 
 #include "windows/TrovaParola.hpp"
@@ -12,6 +18,7 @@
 #include "windows/signs/AnswerPane.hpp"
 #include "windows/support/PlaceKeeper.hpp"
 #include "windows/support/Stage.hpp"
+#include "windows/support/Theme.hpp"
 
 using namespace karvel;
 using namespace karvel::testing;
@@ -35,10 +42,17 @@ QStringList rows(AnswerList* list)
     return all;
 }
 
-/// A search whose reading never ends.
+/// A search whose reading never ends. It reads its entries again each time, as that of a large file may.
 class EndlessSearch : public AnswerSearch {
   public:
-    [[nodiscard]] Answers answers() const override { return Answers::of(found_); }
+    [[nodiscard]] Answers answers() const override
+    {
+        std::vector<Answer> again = found_;
+        for (Answer& answer : again) {
+            answer.entry = std::make_shared<DictionaryEntry>(*answer.entry);
+        }
+        return Answers(std::move(again));
+    }
     [[nodiscard]] std::size_t found() const override { return found_.size(); }
     [[nodiscard]] int percent() const override { return 43; }
 
@@ -48,7 +62,7 @@ class EndlessSearch : public AnswerSearch {
         QTest::qSleep(1);
         found_.push_back({.entry = std::make_shared<DictionaryEntry>(
                               DictionaryEntry{"a01", std::to_string(found_.size()), "", ""}),
-                          .order = found_.size()});
+                          .word = found_.size()});
         return true;
     }
 
@@ -94,12 +108,75 @@ class AnswersTest : public QObject {
         }
         control<QLineEdit>(window, "VociFiltro")->setText(QStringLiteral("A3"));
         QCOMPARE(list->current()->signs, std::string("a01a03"));  // the spelling that was asked for
+        QCOMPARE(control<QLabel>(window, "VociTitolo")->text(),
+                 QStringLiteral("A1 · Cerca simile · 2 parole, 3 voci · con il filtro: 1"));
         QTest::keyClick(list, Qt::Key_Right);
         QCOMPARE(list->answers().answer(1)->entry->signs, std::string("a01"));
         stage.choose("traduci");
         stage.choose("vociTrovate");
         QCOMPARE(rows(list), (QStringList{"uno", "uno"}));  // the words of the phrase, one after the other
         QVERIFY(stage.noBoxLeft());
+    }
+
+    void theListIsSortedSpelledSavedAndUsedWithTheMouse()
+    {
+        Stage stage(dictionary());
+        stage.press("a01");
+        stage.click("Elenco");
+        auto* const window = stage.windows().opened<Voci>();
+        auto* const list = control<AnswerList>(window, "VociLista");
+        control<QComboBox>(window, "order")->setCurrentIndex(1);
+        QCOMPARE(rows(list), (QStringList{"due", "uno"}));
+        stage.click("Elenco");
+        QCOMPARE(rows(list), (QStringList{"due", "uno"}));  // the next list keeps the order
+        const AnswerModel& answers = list->answers();
+        const auto told = [&] { return answers.data(answers.index(1), Qt::DisplayRole).toString(); };
+        QCOMPARE(told(), QStringLiteral("uno, wꜥ, A1, 2 grafie"));
+        control<QCheckBox>(window, "ascii")->click();
+        QCOMPARE(told(), QStringLiteral("uno, wa, A1, 2 grafie"));
+        const QPoint first = list->visualRect(answers.index(0)).center();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, first);
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, first);
+        QCOMPARE(stage.cells(), std::string("a01a02"));
+        QCOMPARE(stage.session().last().phrase, std::string("a01"));
+        const QTemporaryDir directory;
+        for (const auto& [name, start] :
+             {std::pair("voci.html", "<!DOCTYPE"), std::pair("voci.csv", "\xEF\xBB\xBF")}) {
+            control<QPushButton>(window, "save")->click();
+            auto* const dialog = control<QFileDialog>(window, "saveList");
+            const QString path = directory.filePath(QLatin1String(name));
+            emit dialog->fileSelected(path);
+            delete dialog;
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::ReadOnly) && file.readAll().startsWith(start));
+        }
+        control<QLineEdit>(window, "VociFiltro")->setText(QStringLiteral("nulla"));
+        QVERIFY(!control<QPushButton>(window, "use")->isEnabled());
+        QVERIFY(stage.noBoxLeft());
+    }
+
+    void theSignsThatMatchedAreMarked()
+    {
+        Stage stage(record("a01a02a01", "due", "zn"));
+        const auto coloured = [&] {
+            auto* const list = control<AnswerList>(stage.windows().opened<Voci>(), "VociLista");
+            const QImage row = list->viewport()->grab(list->visualRect(list->answers().index(0))).toImage();
+            const QColor mark = between(list->palette().color(QPalette::Highlight), kSelection, 0.4);
+            int stretches = 0;  // of marked columns, parted by others
+            bool before = false;
+            for (int x = 0; x < row.width(); ++x) {
+                bool marked = false;
+                for (int y = 0; y < row.height(); ++y) {
+                    marked = marked || row.pixelColor(x, y) == mark;
+                }
+                stretches += marked && !before ? 1 : 0;
+                before = marked;
+            }
+            return stretches;
+        };
+        stage.press("a01");
+        stage.click("Elenco");
+        QCOMPARE(coloured(), 2);
     }
 
     void anEntryThatLooksLikeMarkupLoadsNothing()
@@ -127,6 +204,11 @@ class AnswersTest : public QObject {
         const int first = list->answers().rowCount();
         QTRY_VERIFY(list->answers().rowCount() > first);
         QCOMPARE(list->currentIndex().row(), 1);  // the user's row stays
+        QTest::keyClick(list, Qt::Key_Home);
+        list->scrollTo(list->answers().index(8), QAbstractItemView::PositionAtTop);
+        const int more = list->answers().rowCount();
+        QTRY_VERIFY(list->answers().rowCount() > more);
+        QCOMPARE(list->indexAt({1, 1}).row(), 8);  // and so does the place to which the list was scrolled
         QTRY_VERIFY(progress->isVisible());
         QCOMPARE(progress->value(), 43);
         QTest::keyClick(list, Qt::Key_Escape);
@@ -189,6 +271,10 @@ class AnswersTest : public QObject {
         field->setText(QStringLiteral("uno"));
         QTest::keyClick(field, Qt::Key_Return, Qt::ControlModifier);
         QCOMPARE(stage.phrase(), std::string("a01"));
+        window->hide();
+        const std::vector<History::Search>& searches = stage.session().history().searches();
+        QVERIFY(!searches.empty() && searches.back().text == "uno");
+        window->show();
         understood->menu()->actions()[2]->trigger();
         QVERIFY(rows(list).isEmpty());  // as a transliteration it is nothing
         QVERIFY(stage.noBoxLeft());

@@ -4,6 +4,7 @@
 
 #include "windows/GuideWindow.hpp"
 #include "windows/signs/SignButton.hpp"
+#include "windows/signs/SquareGrid.hpp"
 #include "windows/support/Stage.hpp"
 
 using namespace karvel;
@@ -74,6 +75,31 @@ class Form1Test : public QObject {
         QCOMPARE(box->text(), QStringLiteral("P"));
         QCOMPARE(scroll->value(), 14);
         QCOMPARE(stage.control<SignButton>("tasto(0)")->code(), std::string("p01"));
+    }
+
+    void aLargeWindowHasLargeKeysThenCaptionsThenSpace()
+    {
+        Stage stage;
+        const auto* const grid = stage.control<SquareGrid>("palette");
+        const std::tuple<QSize, int, int> sizes[] = {
+            {{1366, 740}, 84, 0}, {{1920, 1040}, 110, 2}, {{2560, 1400}, 110, 2}, {{1080, 1880}, 110, 2}};
+        for (const auto& [size, smallestSide, captionLines] : sizes) {
+            stage.form1().resize(size);
+            const QRect first = stage.control<QWidget>("tasto(0)")->geometry();
+            const QRect last = stage.control<QWidget>(element("tasto", kKeys - 1))->geometry();
+            const auto columns = static_cast<std::size_t>(grid->columns());
+            const QRect right = stage.control<QWidget>(element("tasto", columns - 1))->geometry();
+            const int captions = captionLines * grid->fontMetrics().height();
+            QVERIFY2(first.width() >= smallestSide && first.width() <= 110,
+                     qPrintable(QString::number(first.width())));
+            QCOMPARE(grid->captionLines(), captionLines);
+            QVERIFY(right.right() >= grid->width() - 2 && last.bottom() + captions >= grid->height() - 10);
+            const int across = stage.control<QWidget>("tasto(1)")->x() - first.right();
+            const int down =
+                stage.control<QWidget>(element("tasto", columns))->y() - first.bottom() - captions;
+            QVERIFY2(across > 0 && down > 0 && std::abs(across - down) < 60,
+                     qPrintable(QStringLiteral("%1 %2").arg(across).arg(down)));
+        }
     }
 
     void theDisplayLineScrollsAndLosesTheSelectedSign()

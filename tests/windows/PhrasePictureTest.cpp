@@ -119,11 +119,13 @@ class PhrasePictureTest : public QObject {
         QVERIFY(!again.isNull() && again.height() < column.height() / 2 && again.height() > again.width());
 
         const QTemporaryDir directory;
+        QStringList opened;  // the directories in which the dialogs open
         for (const char* const ending : {"png", "svg", "pdf"}) {
             const QString name = directory.filePath(QStringLiteral("nome.") + QLatin1String(ending));
             stage.answerWith([&](QWidget& shown) {
                 if (auto* const dialog = qobject_cast<QFileDialog*>(&shown)) {
                     auto* const line = control<QLineEdit>(dialog, "fileNameEdit");
+                    opened << dialog->directory().absolutePath();
                     line->setText(name);
                     QTest::keyClick(line, Qt::Key_Return);
                 } else if (auto* const question = qobject_cast<QInputDialog*>(&shown)) {
@@ -137,6 +139,8 @@ class PhrasePictureTest : public QObject {
             const QByteArray start = file.readAll();
             QVERIFY(start.startsWith("\x89PNG") || start.startsWith("<svg") || start.startsWith("%PDF"));
         }
+        QVERIFY(opened[0] != QDir::currentPath());
+        QCOMPARE(opened[1], directory.path());
         const QImage saved(directory.filePath(QStringLiteral("nome.png")));
         QVERIFY(saved.height() > column.height() * 2 && qAlpha(saved.pixel(0, 0)) == 0);
     }

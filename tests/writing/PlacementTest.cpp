@@ -119,10 +119,11 @@ TEST(UnicodeLayout, SaysTheSameAsManuelDeCodage)
 
 class Drawing : public ::testing::Test {
   protected:
-    [[nodiscard]] Svg draw(std::string_view codage, const PlacementOptions& options = {})
+    [[nodiscard]] Svg draw(std::string_view codage, const PlacementOptions& options = {},
+                           SharedOutlines* shared = nullptr)
     {
         SignDrawings drawings(drive_.files(), directory_);
-        return svgOf(place(layoutOf(codage), options), 64, "A<B", drawings);
+        return svgOf(place(layoutOf(codage), options), 64, "A<B", drawings, shared);
     }
 
     void installOutlines()
@@ -153,6 +154,13 @@ TEST_F(Drawing, TakesOutlinesOrImagesOrADashedBox)
     const Svg outline = draw("X1");
     EXPECT_TRUE(has(outline, "<path d=\"M") && !has(outline, "<image"));
     EXPECT_TRUE(outline.asImages.empty());
+    SharedOutlines shared;
+    for (const bool rightToLeft : {false, true}) {
+        const Svg used = draw("X1-X1", {.rightToLeft = rightToLeft}, &shared);
+        EXPECT_TRUE(has(used, "href=\"#segno-o19\"/>") && !has(used, "<path"));
+        EXPECT_EQ(has(used, "<use transform=\"scale(-1 1)\" x=\"-"), rightToLeft);
+    }
+    EXPECT_EQ(shared.symbols.rfind("<symbol id=\"segno-o19\""), 0);  // once
     directory_ = "C:\\miei";
     drive_.write("C:\\miei\\o19.gif", "GIF89a?");
     EXPECT_FALSE(has(draw("X1"), "<image"));  // it is the installed one

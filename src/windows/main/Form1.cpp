@@ -16,6 +16,7 @@
 
 #include "app/Views.hpp"
 #include "base/SignRepertoire.hpp"
+#include "text/Transliteration.hpp"
 #include "windows/InsertionWindow.hpp"
 #include "windows/TranslatedWordsWindow.hpp"
 #include "windows/main/FindSign.hpp"
@@ -32,6 +33,24 @@
 #include "windows/support/WindowSet.hpp"
 
 namespace karvel {
+
+namespace {
+
+/// What stands below a key: "D21 · r" and "bocca".
+SquareGrid::Caption captionOf(const std::string& code)
+{
+    const SignInfo* const sign = SignRepertoire::standard().byCode(code);
+    if (sign == nullptr) {
+        return {code == kMissingSign ? QStringLiteral("?") : QString(), QString()};
+    }
+    QString number = qtext(sign->gardiner);
+    if (!sign->values.empty()) {
+        number += QStringLiteral(" · ") + qtext(printedTransliteration(sign->values.front()));
+    }
+    return {number, qtext(sign->description)};
+}
+
+}  // namespace
 
 QString Form1::gardinerRange(const std::string& first, const std::string& last)
 {
@@ -178,6 +197,7 @@ void Form1::showPalette()
     const Palette& shown = desktop_.session().palette();
     for (std::size_t i = 0; i < tasto_.size(); ++i) {
         tasto_[i]->setSign(shown.picture(i), shown.codeOf(i));
+        keys_->setCaption(i, captionOf(shown.codeOf(i)));
         // The mark is removed when another sign is pressed.
         tasto_[i]->setMarked(shown.codeOf(i) == pointedAt_ && shown.CurrentSignCode() == pointedAt_);
     }

@@ -28,6 +28,7 @@ class Desktop;
 class FindSign;
 class Keyboard;
 class PageBox;
+class PhraseNote;
 class SignButton;
 class SignCell;
 class SquareGrid;
@@ -89,7 +90,7 @@ class Form1 : public QMainWindow {
     [[nodiscard]] QBoxLayout* pageLine();
     void buildStatusBar();
     void placeOnScreen();
-    void fitDisplayLine();
+    void fitParts();
     QToolButton* button(const char* name, const QString& tooltip, std::function<void()> handler);
     QToolButton* button(const char* name, Symbol symbol, const QString& tooltip,
                         std::function<void()> handler);
@@ -115,6 +116,7 @@ class Form1 : public QMainWindow {
     QLabel* label1_ = nullptr;
     QFrame* picture1_ = nullptr;
     std::array<SignCell*, DisplayLine::kCells> vendol_{};
+    PhraseNote* note_ = nullptr;
     QLabel* hint_ = nullptr;  ///< tells how to begin while the display line is empty
     QToolButton* csx_ = nullptr;
     QToolButton* cdx_ = nullptr;

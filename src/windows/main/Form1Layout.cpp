@@ -23,7 +23,6 @@
 #include "windows/signs/SignCell.hpp"
 #include "windows/signs/SquareGrid.hpp"
 #include "windows/support/Desktop.hpp"
-#include "windows/support/ScreenFit.hpp"
 #include "windows/support/Text.hpp"
 #include "windows/support/WindowSet.hpp"
 
@@ -31,11 +30,14 @@ namespace karvel {
 
 namespace {
 
-constexpr int kGap = 8;           // logical pixels between the parts of the window
-constexpr int kLowScreen = 450;   // logical pixels: on a lower screen the gaps are half as high
-constexpr int kLargestKey = 110;  // logical pixels: a larger sign is no easier to read
-constexpr int kWidestGap = 48;    // between the keys of a large window
-constexpr int kPageRests = 150;   // milliseconds without a page turn before other pages are scaled
+// Logical pixels.
+constexpr int kGap = 8;      // between the parts of a window of usual height
+constexpr int kMargin = 12;  // left and right of them
+constexpr int kHighestPhrase = 48;
+constexpr int kLargestKey = 110;  // a larger sign is no easier to read
+
+constexpr int kGapsInHeight = 84;  // the window is so many gaps high
+constexpr int kPageRests = 150;    // milliseconds without a page turn before other pages are scaled
 
 QLabel* label(const char* name, QWidget* parent)
 {
@@ -138,7 +140,7 @@ QBoxLayout* Form1::displayButtons()
     elenco_->setToolTip(QStringLiteral("tutte le voci in un elenco (Ctrl+Invio)"));
     elenco_->setAccessibleName(QStringLiteral("elenco delle voci"));
     elenco_->setIconSize({24, 24});
-    elenco_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    elenco_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(elenco_, &QPushButton::clicked, this,
             [this] { desktop_.handle([this] { Voci::openFromMenu(desktop_, windows_); }); });
 
@@ -163,7 +165,8 @@ QBoxLayout* Form1::displayButtons()
     row->addWidget(button("Command9", Symbol::AddToDictionary, QStringLiteral("inserisci nel dizionario"),
                           [this] { insertInDictionary(); }));
     row->addSpacing(kGap * 2);
-    row->addWidget(new PhraseNote(desktop_, centre_), 1);
+    note_ = new PhraseNote(desktop_, centre_);
+    row->addWidget(note_, 1);
     return row;
 }
 
@@ -232,7 +235,7 @@ void Form1::buildCentre()
     keys_->setObjectName(QStringLiteral("palette"));
     keys_->setAccessibleName(QStringLiteral("tavolozza dei segni"));
     keys_->setLargestSide(kLargestKey);
-    keys_->fillWidth(kWidestGap);
+    keys_->fillArea();
     for (std::size_t i = 0; i < tasto_.size(); ++i) {
         tasto_[i] = new SignButton(desktop_.pictures(), keys_);
         tasto_[i]->setObjectName(element("tasto", i));
@@ -244,10 +247,7 @@ void Form1::buildCentre()
     pageTurned_.setInterval(kPageRests);
     connect(&pageTurned_, &QTimer::timeout, this, &Form1::preparePages);
 
-    const int gap = usableArea(*this).height() < kLowScreen ? kGap / 2 : kGap;
     auto* const column = new QVBoxLayout(centre_);
-    column->setContentsMargins(kGap + 4, gap, kGap + 4, gap);
-    column->setSpacing(gap);
     column->addWidget(label1_);
     column->addWidget(displayLine());
     column->addLayout(displayButtons());
@@ -260,6 +260,7 @@ void Form1::buildCentre()
 void Form1::buildStatusBar()
 {
     statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    statusBar()->setContentsMargins(kMargin - 6, 0, 0, 0);  // 6: the bar's and the label's own margins
     for (std::size_t i = 0; i < panels_.size(); ++i) {
         panels_[i] = label("", statusBar());
         panels_[i]->setObjectName(element("Panel", i + 1));
@@ -269,12 +270,17 @@ void Form1::buildStatusBar()
     }
 }
 
-/// Makes the display line as high as its cells are wide, but no higher than a fifth of the window.
-void Form1::fitDisplayLine()
+/// Makes the display line as high as its cells are wide, but no higher than a fifth of the window. A high
+/// window has more space between its parts, and draws the phrase below the display larger.
+void Form1::fitParts()
 {
     const int cells = static_cast<int>(vendol_.size());
     const int side = (width() - 2 * csx_->sizeHint().width() - 8 * kGap) / cells;
     picture1_->setFixedHeight(std::clamp(side, 40, std::max(40, height() / 5)) + 2 * kGap);
+    note_->setMinimumHeight(std::clamp(height() / 30, note_->minimumSizeHint().height(), kHighestPhrase));
+    const int gap = std::clamp(height() / kGapsInHeight, kGap / 2, 2 * kGap);
+    centre_->layout()->setContentsMargins(kMargin, gap, kMargin, gap);
+    centre_->layout()->setSpacing(gap);
     centre_->layout()->activate();  // at once, so that no frame shows the line half resized
     picture1_->parentWidget()->layout()->activate();
 }
@@ -282,7 +288,7 @@ void Form1::fitDisplayLine()
 void Form1::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    fitDisplayLine();
+    fitParts();
     pageTurned_.start();
 }
 

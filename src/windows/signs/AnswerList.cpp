@@ -91,7 +91,7 @@ class AnswerRow : public QStyledItemDelegate {
         const int translation = static_cast<int>(row.width() * kTranslationShare);
         const int reading = static_cast<int>(row.width() * kTransliterationShare);
         paintSigns(painter, {left, row.top(), row.left() + signs - left - kGap, row.height()},
-                   answer.entry->signs, answer.markedFrom, answer.marked, ink, ground);
+                   answer.entry->signs, model_.answers().marks(), ink, ground);
         QRect place(row.left() + signs, row.top(), translation - kGap, row.height());
         painter.setPen(ink);
         text(painter, place, qtext(answer.entry->translation));
@@ -112,14 +112,14 @@ class AnswerRow : public QStyledItemDelegate {
     {
         const int signs = static_cast<int>(row.width() * kSignsShare);
         paintSigns(painter, {row.left() + kTriangle, row.top(), signs - kTriangle - kGap, row.height()},
-                   model_.rest(), 0, 0, ink, ground);
+                   model_.rest(), {}, ink, ground);
         painter.setPen(ink);
         text(painter, row.adjusted(signs, 0, 0, 0), QStringLiteral("qui non comincia nessuna parola"));
     }
 
     /// The signs in blocks. `ground` is the colour of the row.
-    void paintSigns(QPainter& painter, QRect place, const std::string& codes, std::size_t markedFrom,
-                    std::size_t marked, const QColor& ink, const QColor& ground) const
+    void paintSigns(QPainter& painter, QRect place, const std::string& codes, const SignMarks& asked,
+                    const QColor& ink, const QColor& ground) const
     {
         if (codes.empty()) {
             return;
@@ -131,9 +131,10 @@ class AnswerRow : public QStyledItemDelegate {
         place.adjust(0, 2, 0, -2);
         const QRect signs = all ? place : place.adjusted(0, 0, -kDots, 0);
         const QRectF covered = paintPhrase(painter, signs, shown, kBlock, look, desktop_);
-        if (marked > 0) {
+        const std::vector<bool> marked = asked.of(codes);
+        if (std::ranges::find(marked, true) != marked.end()) {
             painter.save();
-            painter.setClipPath(marks(covered, shown, look, markedFrom, marked));
+            painter.setClipPath(marks(covered, shown, look, marked));
             painter.fillRect(covered, between(ground, kSelection, kMark));
             paintPhrase(painter, signs, shown, kBlock, look, desktop_);
             painter.restore();
@@ -147,14 +148,17 @@ class AnswerRow : public QStyledItemDelegate {
 
     /// The places of the signs that matched, in the picture of the phrase that covers `covered`.
     QPainterPath marks(const QRectF& covered, const std::string& codes, const PhraseLook& look,
-                       std::size_t from, std::size_t count) const
+                       const std::vector<bool>& marked) const
     {
         constexpr double kRoom = kPictureMargin / 2;  // around the ink
         const auto placement = LayoutPainter::of(desktop_).placementOf(codes, look);
         const qreal scale = covered.height() / (placement->height + 2 * kPictureMargin);
         QPainterPath path;
         path.setFillRule(Qt::WindingFill);
-        for (std::size_t i = from; i < std::min(from + count, placement->signs.size()); ++i) {
+        for (std::size_t i = 0; i < std::min(marked.size(), placement->signs.size()); ++i) {
+            if (!marked[i]) {
+                continue;
+            }
             const Box& box = placement->signs[i].box;
             path.addRect((box.x + kPictureMargin - kRoom) * scale + covered.left(),
                          (box.y + kPictureMargin - kRoom) * scale + covered.top(),

@@ -21,6 +21,7 @@ void AnswerModel::setAnswers(Answers answers, const std::string& rest)
 void AnswerModel::sort(Answers::Order order)
 {
     answers_.sort(order);
+    folded_.clear();
     list();
 }
 
@@ -36,16 +37,16 @@ void AnswerModel::filter(const std::string& text)
     list();
 }
 
-/// The first spelling of `word` that passes the filter.
-std::optional<std::size_t> AnswerModel::firstWanted(const Answers::Word& word) const
+/// The first spelling of the word on `line` that passes the filter.
+std::optional<std::size_t> AnswerModel::firstWanted(std::size_t line) const
 {
     if (!filtered_) {
         return 0;
     }
+    const Answers::Word& word = answers_.word(line);
     const auto found = std::ranges::find_if(word.spellings, [&](std::size_t spelling) {
         return std::ranges::any_of(wanted_, [&](const WordQuestion& question) {
-            Answer ignored;
-            return question.answeredBy(*answers_.all()[spelling].entry, folded_[spelling], ignored);
+            return question.rankOf(*answers_.all()[spelling].entry, folded_[line]).has_value();
         });
     });
     return found == word.spellings.end() ? std::nullopt
@@ -56,15 +57,15 @@ void AnswerModel::list()
 {
     beginResetModel();
     if (filtered_ && folded_.empty()) {
-        folded_.reserve(answers_.all().size());
-        for (const Answer& answer : answers_.all()) {
-            folded_.emplace_back(*answer.entry);
+        folded_.reserve(answers_.words());
+        for (std::size_t line = 0; line < answers_.words(); ++line) {
+            folded_.emplace_back(*answers_.best(answers_.word(line)).entry);
         }
     }
     rows_.clear();
     open_.assign(answers_.words(), false);
     for (std::size_t line = 0; line < answers_.words(); ++line) {
-        if (const auto spelling = firstWanted(answers_.word(line))) {
+        if (const auto spelling = firstWanted(line)) {
             rows_.push_back({line, *spelling});
         }
     }
@@ -87,10 +88,10 @@ const Answer* AnswerModel::answer(int row) const
     return &answers_.all()[answers_.word(at(row).line).spellings[at(row).spelling]];
 }
 
-int AnswerModel::rowOf(const DictionaryEntry* entry) const
+int AnswerModel::rowOf(const DictionaryEntry& entry) const
 {
     const auto found = std::ranges::find_if(rows_, [&](const Row& row) {
-        return answers_.all()[answers_.word(row.line).spellings[row.spelling]].entry.get() == entry;
+        return *answers_.all()[answers_.word(row.line).spellings[row.spelling]].entry == entry;
     });
     return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
 }

@@ -34,8 +34,8 @@ class AnswerModel : public QAbstractListModel {
     [[nodiscard]] const Answer* answer(int row) const;
     [[nodiscard]] const std::string& rest() const { return rest_; }
 
-    /// The row that shows `entry`; -1 when there is none.
-    [[nodiscard]] int rowOf(const DictionaryEntry* entry) const;
+    /// The first row that shows an entry with these fields; -1 when there is none.
+    [[nodiscard]] int rowOf(const DictionaryEntry& entry) const;
 
     /// How many spellings lie closed under a row; 0 where there is nothing to open.
     [[nodiscard]] std::size_t furtherSpellings(int row) const;
@@ -59,7 +59,7 @@ class AnswerModel : public QAbstractListModel {
 
     [[nodiscard]] const Row& at(int row) const { return rows_[static_cast<std::size_t>(row)]; }
     [[nodiscard]] bool isRest(int row) const { return static_cast<std::size_t>(row) >= rows_.size(); }
-    [[nodiscard]] std::optional<std::size_t> firstWanted(const Answers::Word& word) const;
+    [[nodiscard]] std::optional<std::size_t> firstWanted(std::size_t line) const;
     void list();
 
     Answers answers_;
@@ -69,7 +69,7 @@ class AnswerModel : public QAbstractListModel {
     std::vector<WordQuestion> wanted_;  ///< the filter as each kind that it can be
     bool filtered_ = false;
     bool ascii_ = false;
-    std::vector<FoldedEntry> folded_;  ///< of all answers, made for the first filter
+    std::vector<FoldedEntry> folded_;  ///< by line, made for the first filter
 };
 
 }  // namespace karvel

@@ -8,13 +8,15 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSaveFile>
-#include <QStandardPaths>
 #include <QVBoxLayout>
+#include <optional>
 #include <utility>
 
 #include "app/EntryList.hpp"
 #include "windows/signs/AnswerList.hpp"
+#include "windows/signs/PhrasePicture.hpp"
 #include "windows/support/Desktop.hpp"
+#include "windows/support/FileDialogs.hpp"
 #include "windows/support/Text.hpp"
 
 namespace karvel {
@@ -25,7 +27,8 @@ namespace {
 // of usual size is read in it.
 constexpr int kFirstPiece = 40;
 constexpr int kPiece = 12;
-constexpr int kPatience = 250;  // milliseconds before the progress is shown
+constexpr int kPatience = 250;   // milliseconds before the progress is shown
+constexpr int kPageBlocks = 32;  // height of the blocks on a saved page, in pixels
 
 }  // namespace
 
@@ -149,22 +152,29 @@ bool AnswerPane::stop()
     return true;
 }
 
-/// A row that the user has moved to stays the current one.
+/// A row that the user has moved to stays the current one, and a list that the user has scrolled stays there.
 void AnswerPane::showFound()
 {
-    const bool moved = list_->currentIndex().row() > 0;
-    const DictionaryEntry* const current = list_->current();
+    std::optional<DictionaryEntry> current;  // a copy: the search may have read the entry again
+    if (const DictionaryEntry* const entry = list_->current();
+        entry != nullptr && list_->currentIndex().row() > 0) {
+        current = *entry;
+    }
+    const int top = shown_ > 0 ? list_->indexAt({1, 1}).row() : 0;
     shown_ = search_->found();
     Answers answers = search_->answers();
     if (order_->currentIndex() != 0) {
         answers.sort(Answers::Order::FileOrder);
     }
     list_->answers().setAnswers(std::move(answers), search_->rest());
-    const int row = moved ? list_->answers().rowOf(current) : -1;
+    const int row = current ? list_->answers().rowOf(*current) : -1;
     if (row > 0) {
         list_->setCurrentIndex(list_->answers().index(row));
     } else {
         list_->toStart();
+        if (top > 0) {
+            list_->scrollTo(list_->answers().index(top), QAbstractItemView::PositionAtTop);
+        }
     }
     emit shown();
 }
@@ -199,28 +209,47 @@ void AnswerPane::useSigns()
 
 void AnswerPane::save()
 {
+    const QStringList types = {QStringLiteral("Pagina HTML con le figure (*.html)"),
+                               QStringLiteral("Pagina HTML con geroglifici Unicode (*.html)"),
+                               QStringLiteral("Tabella CSV (*.csv)")};
     auto* const dialog = new QFileDialog(this, QStringLiteral("Salva elenco"));
     dialog->setObjectName(QStringLiteral("saveList"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    dialog->setNameFilters({QStringLiteral("Pagina HTML (*.html)"), QStringLiteral("Tabella CSV (*.csv)")});
+    dialog->setNameFilters(types);
     dialog->setDefaultSuffix(QStringLiteral("html"));
-    connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
-        dialog->setDefaultSuffix(filter.contains(QStringLiteral("csv")) ? QStringLiteral("csv")
-                                                                        : QStringLiteral("html"));
+    openWhereUsedLast(*dialog, QStringLiteral("&Salva"), desktop_.session());
+    dialog->selectFile(QStringLiteral("elenco"));
+    connect(dialog, &QFileDialog::filterSelected, dialog, [dialog, types](const QString& type) {
+        dialog->setDefaultSuffix(type == types[2] ? QStringLiteral("csv") : QStringLiteral("html"));
     });
-    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& path) {
-        desktop_.handle([&] { write(path, path.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive)); });
+    connect(dialog, &QFileDialog::fileSelected, this, [this, dialog, types](const QString& path) {
+        const bool csv = path.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive);
+        const bool unicode = dialog->selectedNameFilter() == types[1];
+        desktop_.handle([&] {
+            write(path, csv       ? asCsv(list_->answers().answers())
+                        : unicode ? asHtml(list_->answers().answers(), heading_)
+                                  : pageWithPictures());
+        });
     });
     dialog->open();
 }
 
-/// A file that is replaced is replaced whole or not at all.
-void AnswerPane::write(const QString& path, bool csv)
+/// Each sign's outline stands once on the page.
+std::string AnswerPane::pageWithPictures()
 {
-    const Answers& answers = list_->answers().answers();
-    const std::string text = csv ? asCsv(answers) : asHtml(answers, heading_);
+    SharedOutlines outlines;
+    return asHtml(
+        list_->answers().answers(), heading_,
+        [&](const std::string& codes) {
+            return svgOf({.codes = codes, .blockHeight = kPageBlocks}, desktop_, &outlines).toStdString();
+        },
+        [&] { return "<svg width=\"0\" height=\"0\">" + outlines.symbols + "</svg>\n"; });
+}
+
+/// A file that is replaced is replaced whole or not at all.
+void AnswerPane::write(const QString& path, const std::string& text)
+{
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(QByteArray::fromStdString(text)) < 0 ||
         !file.commit()) {

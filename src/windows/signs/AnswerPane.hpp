@@ -60,7 +60,8 @@ class AnswerPane : public QWidget {
     void showFound();
     void tell(const std::string& line);
     void save();
-    void write(const QString& path, bool csv);
+    void write(const QString& path, const std::string& text);
+    [[nodiscard]] std::string pageWithPictures();
     void enable();
 
     Desktop& desktop_;

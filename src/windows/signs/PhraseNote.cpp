@@ -14,7 +14,7 @@ namespace karvel {
 namespace {
 
 // Logical pixels.
-constexpr int kBlock = 23;      // height of a block of signs
+constexpr int kAround = 5;      // above a block of signs and below it
 constexpr int kReadable = 140;  // width of the text
 
 }  // namespace
@@ -54,15 +54,16 @@ void PhraseNote::paintEvent(QPaintEvent* /*event*/)
         return;
     }
     constexpr int kGap = 8;
+    const int block = height() - 2 * kAround;
     QPainter painter(this);
     const int textWidth =
         std::min({fontMetrics().horizontalAdvance(text_) + 2, std::max(kReadable, width() / 2), width()});
     const qreal free = width() - textWidth - kGap;
     const PhraseLook look{.ink = palette().color(QPalette::WindowText)};
-    const std::string shown = signsThatFit(codes_, Shown::End, free, kBlock, look, desktop_);
-    const qreal wanted = phraseSize(shown, kBlock, look, desktop_).width();
+    const std::string shown = signsThatFit(codes_, Shown::End, free, block, look, desktop_);
+    const qreal wanted = phraseSize(shown, block, look, desktop_).width();
     if (wanted <= free) {
-        paintPhrase(painter, {free - wanted, 0, wanted, 1.0 * height()}, shown, kBlock, look, desktop_);
+        paintPhrase(painter, {free - wanted, 0, wanted, 1.0 * height()}, shown, block, look, desktop_);
     }
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(QRect(width() - textWidth, 0, textWidth, height()), Qt::AlignVCenter | Qt::AlignLeft,

@@ -12,10 +12,10 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
-#include <QStandardPaths>
 #include <array>
 
 #include "windows/support/Desktop.hpp"
+#include "windows/support/FileDialogs.hpp"
 #include "windows/support/Text.hpp"
 #include "writing/ManuelDeCodage.hpp"
 #include "writing/Svg.hpp"
@@ -59,24 +59,20 @@ QByteArray contentFor(const QString& suffix, const PhrasePicture& picture, Deskt
 }
 
 /// The file to write, with one of the three endings; empty for none.
-QString chosenFile(QWidget& parent)
+QString chosenFile(QWidget& parent, Desktop& desktop)
 {
     const std::array suffixes = {QStringLiteral("png"), QStringLiteral("svg"), QStringLiteral("pdf")};
     QStringList filters;
     for (const QString& suffix : suffixes) {
         filters += QStringLiteral("%1 (*.%2)").arg(suffix.toUpper(), suffix);
     }
-    QFileDialog dialog(&parent, kTitle, QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+    QFileDialog dialog(&parent, kTitle);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters(filters);
     dialog.setDefaultSuffix(suffixes[0]);
+    openWhereUsedLast(dialog, QStringLiteral("&Salva"), desktop.session());
     dialog.selectFile(QStringLiteral("figura"));
-    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Cerca in:"));
-    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nome file:"));
-    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Tipo file:"));
-    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Salva"));
-    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Annulla"));
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
         dialog.setDefaultSuffix(
             suffixes[static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(filter)))]);
@@ -126,11 +122,12 @@ QImage imageOf(const PhrasePicture& picture, Desktop& desktop)
     return image;
 }
 
-QByteArray svgOf(const PhrasePicture& picture, Desktop& desktop)
+QByteArray svgOf(const PhrasePicture& picture, Desktop& desktop, SharedOutlines* shared)
 {
     LayoutPainter& layouts = LayoutPainter::of(desktop);
     return QByteArray::fromStdString(svgOf(*layouts.placementOf(picture.codes, picture.look),
-                                           picture.blockHeight, titleOf(picture, layouts), layouts.drawings())
+                                           picture.blockHeight, titleOf(picture, layouts), layouts.drawings(),
+                                           shared)
                                          .text);
 }
 
@@ -170,7 +167,7 @@ void savePicture(QWidget& parent, PhrasePicture picture, Desktop& desktop)
     if (picture.codes.empty()) {
         return;
     }
-    const QString name = chosenFile(parent);
+    const QString name = chosenFile(parent, desktop);
     const QString suffix = QFileInfo(name).suffix().toLower();
     if (name.isEmpty() || (suffix == QLatin1String("png") && !askHeight(parent, picture.blockHeight))) {
         return;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "windows/signs/LayoutPainter.hpp"
+#include "writing/Svg.hpp"
 
 class QIODevice;
 class QWidget;
@@ -21,8 +22,9 @@ struct PhrasePicture {
 /// Null when the picture would take more memory than a program may ask for.
 [[nodiscard]] QImage imageOf(const PhrasePicture& picture, Desktop& desktop);
 
-/// The text of an SVG file.
-[[nodiscard]] QByteArray svgOf(const PhrasePicture& picture, Desktop& desktop);
+/// The text of an SVG file; with `shared`, of a picture on a page of HTML.
+[[nodiscard]] QByteArray svgOf(const PhrasePicture& picture, Desktop& desktop,
+                               SharedOutlines* shared = nullptr);
 
 /// Writes a PDF file of one page, as large as the picture at 96 pixels to an inch. False when `device` takes
 /// no more.

@@ -4,6 +4,7 @@
 #include <QImageReader>
 #include <algorithm>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "base/RuntimeError.hpp"
@@ -60,12 +61,20 @@ QImage anyImageAt(const std::filesystem::path& host)
     return image.isNull() ? image : image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
+/// Whether Windows could take the path for one of a network. It reads / and \ alike, and passes what follows
+/// \??\ on as it is.
+bool isOnAnotherComputer(std::string_view path)
+{
+    const auto separator = [](char c) { return c == '/' || c == '\\'; };
+    return path.size() > 1 && separator(path[0]) && (separator(path[1]) || path[1] == '?');
+}
+
 }  // namespace
 
 QImage decodedImage(const Drives& drives, const std::string& systemPath)
 {
     // A file from another person may name a picture on another computer: the program does not contact it.
-    if (systemPath.starts_with("//") || systemPath.starts_with("\\\\")) {
+    if (isOnAnotherComputer(systemPath)) {
         return {};
     }
     try {

@@ -1,25 +1,31 @@
 #include "windows/signs/SquareGrid.hpp"
 
+#include <QPainter>
 #include <QResizeEvent>
 #include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "windows/support/Theme.hpp"
 
 namespace karvel {
 
 namespace {
 
-constexpr int kGap = 3;       // logical pixels between keys
-constexpr int kMoreDown = 8;  // the gaps between rows may be larger by so many logical pixels
+// Logical pixels.
 constexpr int kSmallestSide = 20;
 constexpr int kUsualSide = 64;
+constexpr int kAboveCaption = 3;
+constexpr int kBelowCaption = 8;  // more than above it, so that a caption clearly belongs to its key
 
 int rowsFor(std::size_t keys, int columns)
 {
     return (static_cast<int>(keys) + columns - 1) / columns;
 }
 
-int lengthOf(int side, int count)
+int lengthOf(int side, int gap, int count)
 {
-    return side * count + kGap * (count - 1);
+    return side * count + gap * (count - 1);
 }
 
 }  // namespace
@@ -77,10 +83,10 @@ bool SquareGrid::moveFocus(QWidget* from, int key)
             ++to;
             break;
         case Qt::Key_Up:
-            to -= columns_;
+            to -= plan_.columns;
             break;
         case Qt::Key_Down:
-            to += columns_;
+            to += plan_.columns;
             break;
         case Qt::Key_Home:
             to = 0;
@@ -101,13 +107,13 @@ QSize SquareGrid::sizeHint() const
 {
     const int rows = rows_ > 0 ? rows_ : 4;
     const int columns = rowsFor(keys_.size(), rows);
-    return {lengthOf(kUsualSide, columns), lengthOf(kUsualSide, rows)};
+    return {lengthOf(kUsualSide, kGap, columns), lengthOf(kUsualSide, kGap, rows)};
 }
 
 QSize SquareGrid::minimumSizeHint() const
 {
     const int rows = rows_ > 0 ? rows_ : 4;
-    return {lengthOf(kSmallestSide, rowsFor(keys_.size(), rows)), lengthOf(kSmallestSide, rows)};
+    return {lengthOf(kSmallestSide, kGap, rowsFor(keys_.size(), rows)), lengthOf(kSmallestSide, kGap, rows)};
 }
 
 void SquareGrid::resizeEvent(QResizeEvent* event)
@@ -116,11 +122,59 @@ void SquareGrid::resizeEvent(QResizeEvent* event)
     arrange();
 }
 
-/// The gap between `count` squares in a line `length` long, logical pixels.
-qreal SquareGrid::gap(int length, int side, int count) const
+/// The layout with so many columns, its squares as large as fits.
+SquareGrid::Plan SquareGrid::planFor(int columns) const
 {
-    const qreal even = count > 1 ? static_cast<qreal>(length - side * count) / (count - 1) : kGap;
-    return std::clamp<qreal>(even, kGap, std::max(widestGap_, kGap));
+    Plan plan{.columns = columns, .rows = rowsFor(keys_.size(), columns)};
+    const int fits = std::min((width() + kGap) / columns, (height() + kGap) / plan.rows) - kGap;
+    plan.side = std::clamp(fits, 1, largestSide_);
+    if (!fillsArea_) {
+        return plan;
+    }
+    const auto gap = [](int length, int part, int count) {
+        return count > 1 ? static_cast<qreal>(length - part * count) / (count - 1) : 0;
+    };
+    const int line = fontMetrics().height();
+    const int spare = height() / plan.rows - plan.side - kAboveCaption - kBelowCaption;
+    plan.captionLines = captions_.empty() ? 0 : std::clamp(spare / line, 0, 2);
+    plan.across = gap(width(), plan.side, columns);
+    plan.down = gap(height(), plan.side + captionHeight(plan.captionLines), plan.rows);
+    return plan;
+}
+
+int SquareGrid::captionHeight(int lines) const
+{
+    return lines == 0 ? 0 : kAboveCaption + lines * fontMetrics().height();
+}
+
+/// How uneven a layout is that fills the area: the difference of its gaps, and the places left empty.
+qreal SquareGrid::unevenness(const Plan& plan) const
+{
+    return std::abs(plan.across - plan.down) + plan.columns * plan.rows - static_cast<int>(keys_.size());
+}
+
+SquareGrid::Plan SquareGrid::bestPlan() const
+{
+    const int count = static_cast<int>(keys_.size());
+    const int fewest = rows_ > 0 ? rowsFor(keys_.size(), rows_) : 1;
+    const int most = rows_ > 0 ? fewest : count;
+    Plan best = planFor(fewest);
+    int largest = best.side;
+    for (int columns = fewest + 1; columns <= most; ++columns) {
+        const Plan plan = planFor(columns);
+        largest = std::max(largest, plan.side);
+        if (plan.side > best.side) {
+            best = plan;
+        }
+    }
+    for (int columns = fewest; fillsArea_ && columns <= most; ++columns) {
+        const Plan plan = planFor(columns);
+        const bool nearlyLargest = plan.side >= largest - largest / 16;
+        if (nearlyLargest && unevenness(plan) < unevenness(best)) {
+            best = plan;
+        }
+    }
+    return best;
 }
 
 void SquareGrid::arrange()
@@ -128,29 +182,60 @@ void SquareGrid::arrange()
     if (keys_.empty()) {
         return;
     }
-    int side = 0;
-    const int count = static_cast<int>(keys_.size());
-    const int fewest = rows_ > 0 ? rowsFor(keys_.size(), rows_) : 1;
-    const int most = rows_ > 0 ? fewest : count;
-    for (int columns = fewest; columns <= most; ++columns) {
-        const int rows = rowsFor(keys_.size(), columns);
-        const int fits = std::min((width() + kGap) / columns, (height() + kGap) / rows) - kGap;
-        // Of several numbers of columns that give the largest side, the first is taken that fills the width.
-        const bool tooFew = widestGap_ > 0 && width() - side * columns_ > widestGap_ * (columns_ - 1);
-        if (std::min(fits, largestSide_) > side || (tooFew && fits >= largestSide_)) {
-            side = std::clamp(fits, 1, largestSide_);
-            columns_ = columns;
-        }
+    plan_ = bestPlan();
+    const qreal across = plan_.side + plan_.across;
+    const qreal down = plan_.side + captionHeight(plan_.captionLines) + plan_.down;
+    const int left = fillsArea_ ? 0 : (width() - lengthOf(plan_.side, kGap, plan_.columns)) / 2;
+    const int top = fillsArea_ ? 0 : (height() - lengthOf(plan_.side, kGap, plan_.rows)) / 2;
+    for (int i = 0; i < static_cast<int>(keys_.size()); ++i) {
+        keys_[static_cast<std::size_t>(i)]->setGeometry(left + qRound(i % plan_.columns * across),
+                                                        top + qRound(i / plan_.columns * down), plan_.side,
+                                                        plan_.side);
     }
-    side = std::max(side, 1);
-    const int rows = rowsFor(keys_.size(), columns_);
-    const qreal across = gap(width(), side, columns_);
-    const int down = static_cast<int>(std::min(across + kMoreDown, gap(height(), side, rows)));
-    const qreal left = (width() - side * columns_ - across * (columns_ - 1)) / 2;
-    const int top = widestGap_ > 0 ? 0 : (height() - side * rows - down * (rows - 1)) / 2;
-    for (int i = 0; i < count; ++i) {
-        const int x = qRound(left + i % columns_ * (side + across));
-        keys_[static_cast<std::size_t>(i)]->setGeometry(x, top + i / columns_ * (side + down), side, side);
+    update();
+}
+
+void SquareGrid::setCaption(std::size_t key, const Caption& caption)
+{
+    const bool first = captions_.empty();
+    captions_.resize(keys_.size());
+    if (captions_[key] != caption) {
+        captions_[key] = caption;
+        update();
+    }
+    if (first) {
+        arrange();
+    }
+}
+
+/// At the left and the right edge of the grid a long caption begins or ends with its key.
+void SquareGrid::paintEvent(QPaintEvent* event)
+{
+    if (plan_.captionLines == 0) {
+        return;
+    }
+    QPainter painter(this);
+    const QColor surface = palette().color(QPalette::Window);
+    const std::array<QColor, 2> inks = {inkOn(surface), outlineOn(surface, 0.7)};
+    const QFontMetrics metrics = fontMetrics();
+    const int widest = plan_.side + static_cast<int>(plan_.across) - 2 * kGap;
+    for (std::size_t i = 0; i < keys_.size(); ++i) {
+        const QRect key = keys_[i]->geometry();
+        const int first = std::max(0, key.center().x() - widest / 2);
+        const int space = std::min(width(), key.center().x() + widest / 2) - first;
+        int top = key.bottom() + kAboveCaption;
+        if (!event->rect().intersects({first, top, space, captionHeight(plan_.captionLines)})) {
+            continue;
+        }
+        for (std::size_t part = 0; part < static_cast<std::size_t>(plan_.captionLines); ++part) {
+            const QString text = metrics.elidedText(captions_[i][part], Qt::ElideRight, space);
+            const int length = metrics.horizontalAdvance(text);
+            const int left =
+                std::clamp(key.center().x() - length / 2, first, std::max(first, first + space - length));
+            painter.setPen(inks[part]);
+            painter.drawText(left, top + metrics.ascent(), text);
+            top += metrics.height();
+        }
     }
 }
 

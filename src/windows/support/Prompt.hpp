@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <cstdint>
 
 #include "base/UserInterface.hpp"
 

@@ -16,6 +16,8 @@ namespace {
 constexpr int kIconMargin = 6;
 constexpr int kIconHeight = 28;
 
+constexpr int kMenuArrow = 16;  // space for the arrow of a button with a menu, half of it on each side
+
 #ifdef Q_OS_WIN
 bool systemAsksForContrast()
 {
@@ -162,7 +164,10 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
             return item.icon.isNull() ? size : size.expandedTo({0, kIconHeight + kIconMargin});
         }
     }
-    return QProxyStyle::sizeFromContents(type, option, contents, widget);
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    const auto* const button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+    const bool hasMenu = button != nullptr && button->features.testFlag(QStyleOptionToolButton::HasMenu);
+    return type == CT_ToolButton && hasMenu ? size + QSize(kMenuArrow, 0) : size;
 }
 
 void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -32,6 +32,9 @@ class SignImageTest : public QObject {
         const TemporaryDrive drive;
         drive.write("C:\\foto.gif", drive.read(KARVEL_SOURCE_DIR "/data/tree/GR/a01.gif"));
         const std::string here = utf8Path(drive.host("C:\\foto.gif"));
+        if (!here.starts_with('/')) {
+            QSKIP("a path of Windows is none on the drive of the test");
+        }
         QVERIFY(!decodedImage(drive.files().drives(), here).isNull());
         QVERIFY(decodedImage(drive.files().drives(), "/" + here).isNull());
     }

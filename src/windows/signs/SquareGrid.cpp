@@ -188,9 +188,10 @@ void SquareGrid::arrange()
     const int left = fillsArea_ ? 0 : (width() - lengthOf(plan_.side, kGap, plan_.columns)) / 2;
     const int top = fillsArea_ ? 0 : (height() - lengthOf(plan_.side, kGap, plan_.rows)) / 2;
     for (int i = 0; i < static_cast<int>(keys_.size()); ++i) {
-        keys_[static_cast<std::size_t>(i)]->setGeometry(left + qRound(i % plan_.columns * across),
-                                                        top + qRound(i / plan_.columns * down), plan_.side,
-                                                        plan_.side);
+        const int column = i % plan_.columns;
+        const int row = i / plan_.columns;
+        keys_[static_cast<std::size_t>(i)]->setGeometry(left + qRound(column * across),
+                                                        top + qRound(row * down), plan_.side, plan_.side);
     }
     update();
 }

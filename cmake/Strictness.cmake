@@ -9,7 +9,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_GRE
 endif()
 if(KARVEL_SANITIZE)
     target_compile_options(karvel_strictness INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer -O1)
+        -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(karvel_strictness INTERFACE -fsanitize=address,undefined)
 endif()
 if(KARVEL_FUZZ)

@@ -85,10 +85,17 @@ void Voci::showHeading()
     pane_->setHeading(heading);
     const AnswerModel& model = pane_->list().answers();
     const int words = model.rowCount() - (model.rest().empty() ? 0 : 1);
-    heading_->setText(qtext(heading) + (filter_->text().trimmed().isEmpty()
-                                            ? QString()
-                                            : QStringLiteral(" · con il filtro: %1").arg(words)));
+    const bool filtered = !filter_->text().trimmed().isEmpty();
+    heading_->setText(qtext(heading) +
+                      (filtered ? QStringLiteral(" · con il filtro: %1").arg(words) : QString()));
     heading_->setToolTip(heading_->text());
+    pane_->list().setEmptyText(
+        pane_->reading() ? QString()
+        : model.answers().empty()
+            ? QStringLiteral("Nessuna voce risponde alla ricerca. Se ne può scegliere un altro "
+                             "tipo nel menu Ricerca, o provare con Trova parola (Ctrl+I).")
+        : filtered ? QStringLiteral("Nessuna parola passa il filtro.")
+                   : QString());
 }
 
 void Voci::reject()

@@ -152,6 +152,9 @@ class AnswersTest : public QObject {
         }
         control<QLineEdit>(window, "VociFiltro")->setText(QStringLiteral("nulla"));
         QVERIFY(!control<QPushButton>(window, "use")->isEnabled());
+        QVERIFY(list->accessibleDescription().contains(QStringLiteral("filtro")));
+        control<QLineEdit>(window, "VociFiltro")->clear();
+        QVERIFY(list->accessibleDescription().isEmpty());
         QVERIFY(stage.noBoxLeft());
     }
 

@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
@@ -199,6 +200,24 @@ void AnswerList::toStart()
     }
 }
 
+void AnswerList::setEmptyText(const QString& text)
+{
+    emptyText_ = text;
+    setAccessibleDescription(model_.rowCount() == 0 ? text : QString());
+    viewport()->update();
+}
+
+void AnswerList::paintEvent(QPaintEvent* event)
+{
+    QListView::paintEvent(event);
+    if (model_.rowCount() == 0) {
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(viewport()->rect().adjusted(kTriangle, kGap, -kTriangle, -kGap),
+                         Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+    }
+}
+
 void AnswerList::copy() const
 {
     if (const DictionaryEntry* const entry = current()) {
@@ -248,7 +267,10 @@ void AnswerList::keyPressEvent(QKeyEvent* event)
 
 void AnswerList::open(bool open)
 {
+    // The list stays where it is: it would follow the current row, which for a moment is another word's.
+    const int top = verticalScrollBar()->value();
     const int row = model_.setOpen(currentIndex().row(), open);
+    verticalScrollBar()->setValue(top);
     if (row >= 0) {
         setCurrentIndex(model_.index(row));
     }

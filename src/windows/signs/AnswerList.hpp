@@ -27,6 +27,9 @@ class AnswerList : public QListView {
     /// Makes the first row the current one.
     void toStart();
 
+    /// What stands in the list while it has no row.
+    void setEmptyText(const QString& text);
+
   signals:
     /// Return or a double click on a row.
     void chosen();
@@ -37,11 +40,13 @@ class AnswerList : public QListView {
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     void open(bool open);
 
     AnswerModel model_;
+    QString emptyText_;
 };
 
 }  // namespace karvel
